@@ -1,0 +1,25 @@
+# Warnings, hardening and sanitizers, carried by the interface target korvex_options that everything of ours links.
+
+add_library(korvex_options INTERFACE)
+target_compile_features(korvex_options INTERFACE cxx_std_20)
+target_compile_options(korvex_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor -Wold-style-cast
+  -Wcast-align -Woverloaded-virtual -Wnull-dereference -Wformat=2)
+
+# Reals must not differ between machines: no contraction into fused operations.
+target_compile_options(korvex_options INTERFACE -ffp-contract=off)
+
+if(KORVEX_SANITIZE)
+  target_compile_options(korvex_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(korvex_options INTERFACE -fsanitize=address,undefined)
+else()
+  target_compile_options(korvex_options INTERFACE -fstack-protector-strong -fstack-clash-protection)
+  target_compile_definitions(korvex_options INTERFACE _GLIBCXX_ASSERTIONS)
+  if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64")
+    target_compile_options(korvex_options INTERFACE -fcf-protection)
+  endif()
+  if(CMAKE_BUILD_TYPE STREQUAL "Release" OR CMAKE_BUILD_TYPE STREQUAL "RelWithDebInfo")
+    target_compile_options(korvex_options INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+  endif()
+  target_link_options(korvex_options INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack)
+endif()

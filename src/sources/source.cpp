@@ -1,0 +1,169 @@
+#include "source.h"
+
+#include "fields.h"
+#include "number_text.h"
+#include "source_editor.h"
+
+#include <stdexcept>
+
+namespace korvex {
+
+cZdroje::cZdroje(const SourceType& type) : m_typeId(static_cast<std::int8_t>(type.TypZdrojeId)) { }
+
+const SourceType& cZdroje::type() const
+{
+    return *sourceTypeOf(m_typeId);
+}
+
+void cZdroje::ICZ(std::int32_t number)
+{
+    m_number = number;
+    std::string name(TypZdroje());
+    name += ' ';
+    appendInteger(name, number);
+    m_texts.name(name);
+}
+
+std::string cZdroje::LineSource() const
+{
+    std::string record;
+    appendLineSource(record);
+    return record;
+}
+
+void cZdroje::appendLineSource(std::string& out) const
+{
+    constexpr std::string_view separator = ", ";
+    appendInteger(out, m_number, Pattern::SourceNumber);
+    out += separator;
+    appendInteger(out, m_x, Pattern::Coordinate);
+    out += separator;
+    appendInteger(out, m_y, Pattern::Coordinate);
+    out += separator;
+    appendInteger(out, m_altitude, Pattern::Altitude);
+    out += separator;
+    appendInteger(out, m_typeId);
+    out += separator;
+    appendInteger(out, m_group);
+    out += separator;
+    appendInteger(out, m_cluster);
+    out += " ;";
+    out += NazevZdroje();
+}
+
+void cZdroje::LineSource(std::string_view record)
+{
+    Fields fields(record, ',');
+    const std::int32_t number = readInteger(fields.next());
+    const std::int32_t x = readInteger(fields.next());
+    const std::int32_t y = readInteger(fields.next());
+    const std::int32_t altitude = readInteger(fields.next());
+    fields.next();  // the type code: the source has its type already
+    const std::int32_t group = readInteger(fields.next());
+    // The name stands in the same field; the reader stops at its semicolon.
+    const std::int32_t cluster = readInteger(fields.next());
+
+    m_number = number;
+    m_x = x;
+    m_y = y;
+    m_altitude = altitude;
+    m_group = group;
+    m_cluster = cluster;
+    m_texts.name(field(record, ';', 2));
+}
+
+std::string cZdroje::LineParameters() const
+{
+    std::string record;
+    appendLineParameters(record);
+    return record;
+}
+
+void cZdroje::appendLineParameters(std::string& out) const
+{
+    appendInteger(out, m_number, Pattern::SourceNumber);
+    const auto count = static_cast<std::size_t>(type().parameterCount);
+    for (std::size_t i = 0; i < count; ++i) {
+        out += ", ";
+        appendSingle(out, m_parameters[i]);
+    }
+    if (type().hasDust)
+        out += ", 0";
+}
+
+void cZdroje::LineParameters(std::string_view record)
+{
+    Fields fields(record, ',');
+    fields.next();
+    std::array<float, mostParameters> parameters{};
+    const auto count = static_cast<std::size_t>(type().parameterCount);
+    for (std::size_t i = 0; i < count; ++i)
+        parameters[i] = readSingle(fields.next());
+    m_parameters = parameters;
+}
+
+std::string cZdroje::LineDust() const
+{
+    std::string record;
+    appendLineDust(record);
+    return record;
+}
+
+void cZdroje::appendLineDust(std::string& out) const
+{
+    appendInteger(out, m_number, Pattern::SourceNumber);
+    if (!type().hasDust)
+        return;
+    out += ',';
+    out += m_texts.dust();
+}
+
+void cZdroje::Edit(SourceEditor& editor)
+{
+    SourceValues values;
+    values.number = m_number;
+    values.stack = KOMIN();
+    values.name = NazevZdroje();
+    values.x = m_x;
+    values.y = m_y;
+    values.altitude = m_altitude;
+    values.group = m_group;
+    values.cluster = m_cluster;
+    values.parameters = m_parameters;
+    values.dust = m_texts.dust();
+
+    m_editOk = false;
+    m_editOk = editor.edit(type(), values);
+    if (!m_editOk)
+        return;
+
+    m_texts.name(values.name);
+    m_x = values.x;
+    m_y = values.y;
+    m_altitude = values.altitude;
+    m_group = values.group;
+    m_cluster = values.cluster;
+    const auto count = static_cast<std::size_t>(type().parameterCount);
+    for (std::size_t i = 0; i < count; ++i)
+        m_parameters[i] = values.parameters[i];
+    m_texts.dust(values.dust);
+}
+
+std::size_t cZdroje::parameterIndex(std::int32_t index) const
+{
+    if (index < 0 || index >= type().parameterCount)
+        throw std::out_of_range("Index parametru " + integerText(index) + " je mimo rozsah.");
+    return static_cast<std::size_t>(index);
+}
+
+float cZdroje::Parameters(std::int32_t index) const
+{
+    return m_parameters[parameterIndex(index)];
+}
+
+void cZdroje::Parameters(std::int32_t index, float value)
+{
+    m_parameters[parameterIndex(index)] = value;
+}
+
+}  // namespace korvex

@@ -1,0 +1,27 @@
+// The two texts of a source, its name and its dust description, in one block of memory.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace korvex {
+
+/// A million sources are held at once; two strings a source would double what they take. Most sources have the
+/// dust description of a new one ("0,0,0"), which takes no room at all.
+class SourceTexts {
+public:
+    static constexpr std::string_view newDust = "0,0,0";
+
+    [[nodiscard]] std::string_view name() const;
+    [[nodiscard]] std::string_view dust() const;
+    void name(std::string_view name) { assign(name, dust()); }
+    void dust(std::string_view dust) { assign(name(), dust); }
+
+private:
+    void assign(std::string_view name, std::string_view dust);
+
+    std::unique_ptr<char[]> m_block;  // empty: no name and the dust of a new source
+};
+
+}  // namespace korvex
