@@ -2,11 +2,49 @@
 
 #include "fields.h"
 #include "number_text.h"
+#include "record_fields.h"
 #include "source_editor.h"
 
 #include <stdexcept>
 
 namespace korvex {
+
+namespace {
+
+/// The number fields of a record, gathered before they join the text at once.
+class NumberFields {
+public:
+    void add(std::int32_t value, Pattern pattern = Pattern::Plain)
+    {
+        separate();
+        m_end = putInteger(m_end, value, pattern);
+    }
+    void add(float value)
+    {
+        separate();
+        m_end = putSingle(m_end, value);
+    }
+    [[nodiscard]] std::string_view text() const
+    {
+        return {m_buffer.data(), static_cast<std::size_t>(m_end - m_buffer.data())};
+    }
+
+private:
+    static constexpr std::size_t mostFields = 10;
+
+    void separate()
+    {
+        if (m_end == m_buffer.data())
+            return;
+        *m_end++ = ',';
+        *m_end++ = ' ';
+    }
+
+    std::array<char, mostFields*(widestNumber + 2)> m_buffer;
+    char* m_end = m_buffer.data();
+};
+
+}  // namespace
 
 cZdroje::cZdroje(const SourceType& type) : m_typeId(static_cast<std::int8_t>(type.TypZdrojeId)) { }
 
@@ -20,7 +58,7 @@ void cZdroje::ICZ(std::int32_t number)
     m_number = number;
     std::string name(TypZdroje());
     name += ' ';
-    appendInteger(name, number);
+    name += integerText(number);
     m_texts.name(name);
 }
 
@@ -33,35 +71,30 @@ std::string cZdroje::LineSource() const
 
 void cZdroje::appendLineSource(std::string& out) const
 {
-    constexpr std::string_view separator = ", ";
-    appendInteger(out, m_number, Pattern::SourceNumber);
-    out += separator;
-    appendInteger(out, m_x, Pattern::Coordinate);
-    out += separator;
-    appendInteger(out, m_y, Pattern::Coordinate);
-    out += separator;
-    appendInteger(out, m_altitude, Pattern::Altitude);
-    out += separator;
-    appendInteger(out, m_typeId);
-    out += separator;
-    appendInteger(out, m_group);
-    out += separator;
-    appendInteger(out, m_cluster);
+    NumberFields fields;
+    fields.add(m_number, Pattern::SourceNumber);
+    fields.add(m_x, Pattern::Coordinate);
+    fields.add(m_y, Pattern::Coordinate);
+    fields.add(m_altitude, Pattern::Altitude);
+    fields.add(m_typeId);
+    fields.add(m_group);
+    fields.add(m_cluster);
+    out += fields.text();
     out += " ;";
     out += NazevZdroje();
 }
 
 void cZdroje::LineSource(std::string_view record)
 {
-    Fields fields(record, ',');
-    const std::int32_t number = readInteger(fields.next());
-    const std::int32_t x = readInteger(fields.next());
-    const std::int32_t y = readInteger(fields.next());
-    const std::int32_t altitude = readInteger(fields.next());
-    fields.next();  // the type code: the source has its type already
-    const std::int32_t group = readInteger(fields.next());
+    RecordFields fields(record);
+    const std::int32_t number = fields.nextInteger();
+    const std::int32_t x = fields.nextInteger();
+    const std::int32_t y = fields.nextInteger();
+    const std::int32_t altitude = fields.nextInteger();
+    fields.skip();  // the type code: the source has its type already
+    const std::int32_t group = fields.nextInteger();
     // The name stands in the same field; the reader stops at its semicolon.
-    const std::int32_t cluster = readInteger(fields.next());
+    const std::int32_t cluster = fields.nextInteger();
 
     m_number = number;
     m_x = x;
@@ -81,24 +114,24 @@ std::string cZdroje::LineParameters() const
 
 void cZdroje::appendLineParameters(std::string& out) const
 {
-    appendInteger(out, m_number, Pattern::SourceNumber);
+    NumberFields fields;
+    fields.add(m_number, Pattern::SourceNumber);
     const auto count = static_cast<std::size_t>(type().parameterCount);
-    for (std::size_t i = 0; i < count; ++i) {
-        out += ", ";
-        appendSingle(out, m_parameters[i]);
-    }
+    for (std::size_t i = 0; i < count; ++i)
+        fields.add(m_parameters[i]);
     if (type().hasDust)
-        out += ", 0";
+        fields.add(0);
+    out += fields.text();
 }
 
 void cZdroje::LineParameters(std::string_view record)
 {
-    Fields fields(record, ',');
-    fields.next();
+    RecordFields fields(record);
+    fields.skip();  // the number
     std::array<float, mostParameters> parameters{};
     const auto count = static_cast<std::size_t>(type().parameterCount);
     for (std::size_t i = 0; i < count; ++i)
-        parameters[i] = readSingle(fields.next());
+        parameters[i] = fields.nextSingle();
     m_parameters = parameters;
 }
 
@@ -111,7 +144,7 @@ std::string cZdroje::LineDust() const
 
 void cZdroje::appendLineDust(std::string& out) const
 {
-    appendInteger(out, m_number, Pattern::SourceNumber);
+    out += integerText(m_number, Pattern::SourceNumber);
     if (!type().hasDust)
         return;
     out += ',';

@@ -20,9 +20,11 @@ public:
     ArithmeticFault(FaultKind kind, const std::string& subject);
 
     [[nodiscard]] FaultKind kind() const { return m_kind; }
+    [[nodiscard]] const std::string& subject() const { return m_subject; }
 
 private:
     FaultKind m_kind;
+    std::string m_subject;
 };
 
 }  // namespace korvex

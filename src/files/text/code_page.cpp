@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 namespace korvex {
 
@@ -27,11 +28,6 @@ constexpr std::array<std::uint16_t, 128> upperHalf = {
     0x0111, 0x0144, 0x0148, 0x00F3, 0x00F4, 0x0151, 0x00F6, 0x00F7,  // F0
     0x0159, 0x016F, 0x00FA, 0x0171, 0x00FC, 0x00FD, 0x0163, 0x02D9,  // F8
 };
-
-bool isAscii(char c)
-{
-    return static_cast<unsigned char>(c) < 0x80;
-}
 
 struct Pair {
     std::uint16_t character;
@@ -103,15 +99,33 @@ Taken takeCharacter(std::string_view text)
 
 }  // namespace
 
+std::size_t asciiLength(std::string_view text)
+{
+    constexpr std::uint64_t highBits = 0x8080808080808080U;
+    std::size_t length = 0;
+    for (; length + sizeof highBits <= text.size(); length += sizeof highBits) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, text.data() + length, sizeof word);
+        if ((word & highBits) != 0)
+            break;
+    }
+    while (length < text.size() && static_cast<unsigned char>(text[length]) < 0x80)
+        ++length;
+    return length;
+}
+
 std::string decodeCodePage(std::string_view bytes)
 {
     std::string out;
     out.reserve(bytes.size() + bytes.size() / 8);
-    for (const char byte : bytes) {
-        if (isAscii(byte))
-            out += byte;
-        else
-            appendUtf8(out, upperHalf[static_cast<unsigned char>(byte) - 0x80U]);
+    while (!bytes.empty()) {
+        const std::size_t ascii = asciiLength(bytes);
+        out += bytes.substr(0, ascii);
+        bytes.remove_prefix(ascii);
+        if (bytes.empty())
+            break;
+        appendUtf8(out, upperHalf[static_cast<unsigned char>(bytes.front()) - 0x80U]);
+        bytes.remove_prefix(1);
     }
     return out;
 }
@@ -121,10 +135,9 @@ std::size_t appendCodePage(std::string& out, std::string_view utf8)
     static const std::array<Pair, 128> inverse = makeInverse();
     std::size_t replaced = 0;
     while (!utf8.empty()) {
-        const auto asciiEnd = std::find_if_not(utf8.begin(), utf8.end(), isAscii);
-        const auto asciiLength = static_cast<std::size_t>(asciiEnd - utf8.begin());
-        out += utf8.substr(0, asciiLength);
-        utf8.remove_prefix(asciiLength);
+        const std::size_t ascii = asciiLength(utf8);
+        out += utf8.substr(0, ascii);
+        utf8.remove_prefix(ascii);
         if (utf8.empty())
             break;
         const Taken taken = takeCharacter(utf8);

@@ -16,6 +16,9 @@ namespace korvex {
 std::size_t appendCodePage(std::string& out, std::string_view utf8);
 [[nodiscard]] std::string encodeCodePage(std::string_view utf8);
 
+/// How many bytes at the front of a text are plain ASCII: those are the same in the code page and in UTF-8.
+[[nodiscard]] std::size_t asciiLength(std::string_view text);
+
 /// The text behind the first n characters of UTF-8 text; empty when it is not longer.
 [[nodiscard]] std::string_view behindCharacters(std::string_view utf8, std::size_t n);
 

@@ -106,7 +106,8 @@ std::string quoted(std::string_view text)
     return out + "“";
 }
 
-template <class Real> Real readAs(std::string_view text)
+template <class Real>
+Real readAs(std::string_view text)
 {
     const NumberPrefix prefix(text);
     const std::string& number = prefix.number();
@@ -119,20 +120,89 @@ template <class Real> Real readAs(std::string_view text)
     return value;
 }
 
+/// A number as nearly all fields hold it: blanks, a sign, a few digits, perhaps a point and a few more, and behind
+/// it nothing that the lenient rules would still take.
+struct PlainNumber {
+    std::uint64_t digits = 0;  // all digits as one whole number
+    int decimals = 0;          // how many of them stand behind the point
+    bool negative = false;
+    bool plain = false;  // false: only the general rules can tell
+};
+
+PlainNumber takePlain(std::string_view text)
+{
+    constexpr int mostPlainDigits = 15;
+    PlainNumber number;
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    while (at != end && isBlank(*at))
+        ++at;
+    if (at != end && *at == '-') {
+        number.negative = true;
+        ++at;
+    }
+    const char* const first = at;
+    for (; at != end && isDigit(*at); ++at)
+        number.digits = number.digits * 10 + static_cast<std::uint64_t>(*at - '0');
+    auto count = at - first;
+    if (at != end && *at == '.') {
+        const char* const firstDecimal = ++at;
+        for (; at != end && isDigit(*at); ++at)
+            number.digits = number.digits * 10 + static_cast<std::uint64_t>(*at - '0');
+        const auto decimals = at - firstDecimal;
+        number.decimals = static_cast<int>(decimals);
+        count += decimals;
+    }
+    while (at != end && isBlank(*at))
+        ++at;
+    const bool goesOn = at != end && (isDigit(*at) || *at == '.' || *at == 'e' || *at == 'E');
+    number.plain = count > 0 && count <= mostPlainDigits && !goesOn;
+    return number;
+}
+
+/// Powers of ten that a 32-bit real holds exactly. With digits up to 2^24 the quotient is the correctly rounded
+/// value, for both operands are exact; a 64-bit real holds far more digits.
+constexpr std::array<float, 11> exactPowersOfTen{1E0F, 1E1F, 1E2F, 1E3F, 1E4F, 1E5F, 1E6F, 1E7F, 1E8F, 1E9F, 1E10F};
+constexpr std::uint64_t exactSingleDigits = std::uint64_t{1} << 24;
+
+bool hasExactPower(const PlainNumber& number)
+{
+    return number.decimals < static_cast<int>(exactPowersOfTen.size());
+}
+
+template <class Real>
+Real quotient(const PlainNumber& number)
+{
+    const Real magnitude = static_cast<Real>(number.digits)
+        / static_cast<Real>(exactPowersOfTen[static_cast<std::size_t>(number.decimals)]);
+    return number.negative ? -magnitude : magnitude;
+}
+
 }  // namespace
 
 double readReal(std::string_view text)
 {
+    const PlainNumber number = takePlain(text);
+    if (number.plain && hasExactPower(number))
+        return quotient<double>(number);
     return readAs<double>(text);
 }
 
 float readSingle(std::string_view text)
 {
+    const PlainNumber number = takePlain(text);
+    if (number.plain && hasExactPower(number) && number.digits <= exactSingleDigits)
+        return quotient<float>(number);
     return readAs<float>(text);
 }
 
 std::int32_t readInteger(std::string_view text)
 {
+    const PlainNumber number = takePlain(text);
+    if (number.plain && number.decimals == 0 && number.digits <= std::numeric_limits<std::int32_t>::max()) {
+        const auto magnitude = static_cast<std::int32_t>(number.digits);
+        return number.negative ? -magnitude : magnitude;
+    }
     const double value = std::nearbyint(readReal(text));
     if (value < std::numeric_limits<std::int32_t>::min() || value > std::numeric_limits<std::int32_t>::max())
         throw ArithmeticFault(FaultKind::Overflow, quoted(trimBlanks(text)));
@@ -177,55 +247,87 @@ Decimal takeApart(char* begin, char* end)
     return decimal;
 }
 
-void appendExponentForm(std::string& out, const Decimal& decimal)
+char* put(char* to, std::string_view text)
 {
-    out += decimal.digits.front();
-    if (decimal.digits.size() > 1) {
-        out += '.';
-        out += decimal.digits.substr(1);
-    }
-    out += 'E';
-    out += decimal.exponent < 0 ? '-' : '+';
-    const int magnitude = std::abs(decimal.exponent);
-    if (magnitude < 10)
-        out += '0';
-    appendInteger(out, magnitude);
+    return std::copy(text.begin(), text.end(), to);
 }
 
-void appendFixedForm(std::string& out, const Decimal& decimal)
+char* putExponentForm(char* to, const Decimal& decimal)
+{
+    *to++ = decimal.digits.front();
+    if (decimal.digits.size() > 1) {
+        *to++ = '.';
+        to = put(to, decimal.digits.substr(1));
+    }
+    *to++ = 'E';
+    *to++ = decimal.exponent < 0 ? '-' : '+';
+    const int magnitude = std::abs(decimal.exponent);
+    *to++ = static_cast<char>('0' + magnitude / 10);
+    *to++ = static_cast<char>('0' + magnitude % 10);
+    return to;
+}
+
+char* putFixedForm(char* to, const Decimal& decimal)
 {
     const auto digits = decimal.digits;
     if (decimal.exponent < 0) {
-        out += "0.";
-        out.append(static_cast<std::size_t>(-decimal.exponent - 1), '0');
-        out += digits;
-        return;
+        to = put(to, "0.");
+        to = std::fill_n(to, -decimal.exponent - 1, '0');
+        return put(to, digits);
     }
     const auto whole = static_cast<std::size_t>(decimal.exponent) + 1;
-    if (digits.size() <= whole) {
-        out += digits;
-        out.append(whole - digits.size(), '0');
-        return;
-    }
-    out += digits.substr(0, whole);
-    out += '.';
-    out += digits.substr(whole);
+    if (digits.size() <= whole)
+        return std::fill_n(put(to, digits), whole - digits.size(), '0');
+    to = put(to, digits.substr(0, whole));
+    *to++ = '.';
+    return put(to, digits.substr(whole));
 }
 
-}  // namespace
-
-void appendSingle(std::string& out, float value)
+/// A whole number divided by a power of ten.
+char* putDecimal(char* to, std::uint32_t digits, std::size_t decimals)
 {
-    if (!std::isfinite(value))
-        throw ArithmeticFault(FaultKind::InvalidOperation, "");
-    if (value == 0.0F) {
-        out += '0';
-        return;
+    std::array<char, 24> buffer{};
+    char* const end = buffer.data() + buffer.size();
+    char* first = end;
+    const auto prepend = [&first, &digits] {
+        *--first = static_cast<char>('0' + digits % 10);
+        digits /= 10;
+    };
+    for (std::size_t i = 0; i < decimals; ++i)
+        prepend();
+    if (decimals > 0)
+        *--first = '.';
+    do {
+        prepend();
+    } while (digits > 0);
+    return std::copy(first, end, to);
+}
+
+/// Writes a positive value that is a whole number of at most seven digits divided by a power of ten, as nearly all
+/// typed values are. The fewest decimals that read back to the value are the shortest text. Null: it is none.
+char* putShortDecimal(char* to, float value)
+{
+    constexpr double beyondSevenDigits = 1E7;
+    constexpr float smallestFixed = 1E-4F;
+    if (value < smallestFixed)
+        return nullptr;
+    for (std::size_t decimals = 0; decimals < exactPowersOfTen.size(); ++decimals) {
+        const double scaled = static_cast<double>(value) * static_cast<double>(exactPowersOfTen[decimals]);
+        if (scaled >= beyondSevenDigits - 1)
+            return nullptr;
+        const auto digits = static_cast<std::uint32_t>(scaled + 0.5);
+        // Far from a whole number: not worth the division. A real differs from what it stands for by 6E-8 of it.
+        if (std::abs(scaled - digits) > scaled * 1E-7)
+            continue;
+        if (static_cast<float>(digits) / exactPowersOfTen[decimals] == value)
+            return putDecimal(to, digits, decimals);
     }
-    if (value < 0.0F) {
-        out += '-';
-        value = -value;
-    }
+    return nullptr;
+}
+
+/// The general way, for a positive value.
+char* putShortest(char* to, float value)
+{
     std::array<char, 32> buffer{};
     char* const begin = buffer.data();
     auto written = std::to_chars(begin, begin + buffer.size(), value, std::chars_format::scientific);
@@ -236,38 +338,50 @@ void appendSingle(std::string& out, float value)
     }
     // The same borders as the general form of the C library: seven digits before the point, four zeros behind it.
     if (decimal.exponent < -4 || decimal.exponent >= mostDigits)
-        appendExponentForm(out, decimal);
-    else
-        appendFixedForm(out, decimal);
+        return putExponentForm(to, decimal);
+    return putFixedForm(to, decimal);
+}
+
+}  // namespace
+
+char* putSingle(char* to, float value)
+{
+    if (!std::isfinite(value))
+        throw ArithmeticFault(FaultKind::InvalidOperation, "");
+    if (value == 0.0F) {
+        *to++ = '0';
+        return to;
+    }
+    if (value < 0.0F) {
+        *to++ = '-';
+        value = -value;
+    }
+    char* const end = putShortDecimal(to, value);
+    return end != nullptr ? end : putShortest(to, value);
 }
 
 std::string singleText(float value)
 {
-    std::string out;
-    appendSingle(out, value);
-    return out;
+    std::array<char, widestNumber> buffer{};
+    return {buffer.data(), putSingle(buffer.data(), value)};
 }
 
-void appendInteger(std::string& out, std::int32_t value, Pattern pattern)
+char* putInteger(char* to, std::int32_t value, Pattern pattern)
 {
     const bool negative = value < 0;
     const auto magnitude = negative ? 0U - static_cast<std::uint32_t>(value) : static_cast<std::uint32_t>(value);
     std::array<char, 10> buffer{};
-    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude);
-    const auto length = static_cast<std::size_t>(written.ptr - buffer.data());
-    const auto width = static_cast<std::size_t>(pattern);
+    char* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude).ptr;
     if (negative)
-        out += '-';
-    if (length < width)
-        out.append(width - length, '0');
-    out.append(buffer.data(), length);
+        *to++ = '-';
+    to = std::fill_n(to, static_cast<int>(pattern) - (end - buffer.data()), '0');
+    return std::copy(buffer.data(), end, to);
 }
 
 std::string integerText(std::int32_t value, Pattern pattern)
 {
-    std::string out;
-    appendInteger(out, value, pattern);
-    return out;
+    std::array<char, widestNumber> buffer{};
+    return {buffer.data(), putInteger(buffer.data(), value, pattern)};
 }
 
 }  // namespace korvex

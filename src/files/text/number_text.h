@@ -1,6 +1,7 @@
 // Numbers as the data files hold them: a lenient reader and exact writers, none of which obeys a locale.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -22,10 +23,14 @@ namespace korvex {
 /// The nearest 32-bit integer, halves to even. Throws ArithmeticFault for what does not fit.
 [[nodiscard]] std::int32_t roundToInteger(double value);
 
-/// Appends the shortest text that reads back to the same 32-bit real when that has at most 7 significant digits,
+/// No number is written in more characters than this.
+constexpr std::size_t widestNumber = 16;
+
+/// Writes the shortest text that reads back to the same 32-bit real when that has at most 7 significant digits,
 /// otherwise the value rounded to 7. Exponent form (1E-05, 1.677722E+07) below 1E-4 and from 1E+07 on; minus zero
 /// is "0". Throws ArithmeticFault for infinity and not-a-number, which no file can hold.
-void appendSingle(std::string& out, float value);
+/// Returns the end of what was written.
+char* putSingle(char* to, float value);
 [[nodiscard]] std::string singleText(float value);
 
 /// Widths of the display patterns in which every digit position is filled.
@@ -36,9 +41,10 @@ enum class Pattern : int {
     SourceNumber = 9,  // "0########"
 };
 
-/// Appends an integer padded with zeros to the pattern's width; a longer one is written whole, a negative one as
+/// Writes an integer padded with zeros to the pattern's width; a longer one is written whole, a negative one as
 /// the sign and the padded digits (-000000001).
-void appendInteger(std::string& out, std::int32_t value, Pattern pattern = Pattern::Plain);
+/// Returns the end of what was written.
+char* putInteger(char* to, std::int32_t value, Pattern pattern = Pattern::Plain);
 [[nodiscard]] std::string integerText(std::int32_t value, Pattern pattern = Pattern::Plain);
 
 }  // namespace korvex

@@ -1,0 +1,60 @@
+#include "file_error.h"
+
+#include <cerrno>
+#include <system_error>
+
+namespace korvex {
+
+std::string FileError::message() const
+{
+    return description + "\n\n" + path;
+}
+
+std::string systemErrorText(int errorNumber)
+{
+    switch (errorNumber) {
+    case ENOENT:
+        return "Soubor nebo složka neexistuje.";
+    case EACCES:
+    case EPERM:
+        return "K souboru chybí oprávnění.";
+    case EISDIR:
+        return "Místo souboru je zde složka.";
+    case ENOTDIR:
+        return "Část cesty k souboru není složka.";
+    case ENOSPC:
+        return "Na disku není dost místa.";
+    case EDQUOT:
+        return "Byla vyčerpána disková kvóta.";
+    case EFBIG:
+        return "Soubor by byl příliš velký.";
+    case EROFS:
+        return "Disk je jen pro čtení.";
+    case ETXTBSY:
+        return "Soubor je právě používán.";
+    case EIO:
+        return "Chyba vstupu nebo výstupu.";
+    case ENAMETOOLONG:
+        return "Název souboru je příliš dlouhý.";
+    case ELOOP:
+        return "Odkazy v cestě k souboru tvoří smyčku.";
+    case EMFILE:
+    case ENFILE:
+        return "Je otevřeno příliš mnoho souborů.";
+    case ENXIO:
+    case EINVAL:
+    case ENODEV:
+        return "Není to obyčejný soubor.";
+    case ENOMEM:
+        return "Nedostatek paměti.";
+    default:
+        return std::generic_category().message(errorNumber);
+    }
+}
+
+FileError systemError(FileStep step, const std::string& path, int errorNumber)
+{
+    return {step, path, 0, systemErrorText(errorNumber)};
+}
+
+}  // namespace korvex

@@ -1,0 +1,214 @@
+#include "loader.h"
+
+#include "arithmetic_fault.h"
+#include "code_page.h"
+#include "fields.h"
+#include "input_file.h"
+#include "kept_records.h"
+#include "number_text.h"
+#include "source_set.h"
+
+#include <string_view>
+#include <utility>
+
+namespace korvex {
+
+namespace {
+
+/// The number with its comma that every dust record begins with is ten characters wide: numbers are padded.
+constexpr std::size_t dustNumberWidth = 10;
+
+/// UTF-8 of a line; only lines with letters beyond ASCII are copied.
+class DecodedLine {
+public:
+    std::string_view operator()(std::string_view bytes)
+    {
+        if (asciiLength(bytes) == bytes.size())
+            return bytes;
+        m_text = decodeCodePage(bytes);
+        return m_text;
+    }
+
+private:
+    std::string m_text;
+};
+
+FileError faultAt(const std::string& path, std::size_t line, const ArithmeticFault& fault)
+{
+    return {FileStep::Read, path, line, fault.what()};
+}
+
+/// The files of one load, opened before the first of them is read.
+struct OpenFiles {
+    InputFile points;
+    InputFile description;
+    std::optional<InputFile> dust;
+};
+
+Result<InputFile> openAnnounced(const std::string& path, ProgressListener& listener, FileCalls& calls)
+{
+    listener.statusText("Otevírám " + path);
+    return InputFile::open(path, calls);
+}
+
+Result<OpenFiles> openFiles(const SourceFiles& files, ProgressListener& listener, FileCalls& calls)
+{
+    Result<InputFile> points = openAnnounced(files.points, listener, calls);
+    if (!points.ok())
+        return points.error();
+    Result<InputFile> description = openAnnounced(files.description, listener, calls);
+    if (!description.ok())
+        return description.error();
+    OpenFiles open{std::move(points.value()), std::move(description.value()), std::nullopt};
+    if (!files.dust.empty()) {
+        Result<InputFile> dust = openAnnounced(files.dust, listener, calls);
+        if (!dust.ok())
+            return dust.error();
+        open.dust.emplace(std::move(dust.value()));
+    }
+    return open;
+}
+
+/// Turns points records into sources, with the kept records of the other two files at hand.
+class PointsPass {
+public:
+    PointsPass(
+        const LoadRequest& request, KeptRecords& description, KeptRecords* dust, SourceSet& set, LoadReport& report)
+        : m_request(request), m_description(description), m_dust(dust), m_set(set), m_report(report)
+    {
+    }
+
+    [[nodiscard]] Result<void> take(const TextLine& line)
+    {
+        if (isCommentLine(line.bytes)) {
+            takeComment(line.bytes);
+            return {};
+        }
+        try {
+            return takeRecord(m_pointsText(line.bytes), line.number);
+        } catch (const ArithmeticFault& fault) {
+            return faultAt(m_request.files.points, line.number, fault);
+        }
+    }
+
+private:
+    void takeComment(std::string_view bytes)
+    {
+        const std::string_view trimmed = trimBlanks(bytes);
+        if (m_report.comment || trimmed.empty())
+            return;
+        const std::string_view text = trimBlanks(trimmed.substr(1));
+        if (!text.empty())
+            m_report.comment = decodeCodePage(text);
+    }
+
+    /// Throws ArithmeticFault for a number of the points record.
+    Result<void> takeRecord(std::string_view record, std::size_t line)
+    {
+        const std::int32_t number = readInteger(field(record, ',', 1));
+        const SourceType* const type = sourceTypeOf(readInteger(field(record, ',', 5)));
+        if (type == nullptr) {
+            m_report.unknownType.push_back({number, line});
+            return {};
+        }
+        const auto description = m_description.find(number);
+        if (!description) {
+            m_report.missingDescription.push_back({number, line});
+            // Such a source is not looked up in the dust file either.
+            if (m_request.missingDescription == MissingDescription::Accept)
+                m_set.addFromRecords(*type, record, {});
+            return {};
+        }
+        const Result<void> added = addPaired(*type, record, *description);
+        if (added.ok())
+            takeDust(number, line);
+        return added;
+    }
+
+    Result<void> addPaired(const SourceType& type, std::string_view record, std::string_view description)
+    {
+        try {
+            m_set.addFromRecords(type, record, m_descriptionText(description));
+            return {};
+        } catch (const ArithmeticFault& fault) {
+            cZdroje(type).LineSource(record);  // throws when the points record is the one to blame
+            return faultAt(m_description.path(), m_description.lineOf(description), fault);
+        }
+    }
+
+    void takeDust(std::int32_t number, std::size_t line)
+    {
+        if (m_dust == nullptr)
+            return;
+        if (const auto dust = m_dust->find(number))
+            m_set.last().LineDust(behindCharacters(m_dustText(*dust), dustNumberWidth));
+        else
+            m_report.missingDust.push_back({number, line});
+    }
+
+    const LoadRequest& m_request;
+    KeptRecords& m_description;
+    KeptRecords* m_dust;
+    SourceSet& m_set;
+    LoadReport& m_report;
+    DecodedLine m_pointsText;
+    DecodedLine m_descriptionText;
+    DecodedLine m_dustText;
+};
+
+Result<void> readPoints(InputFile& file, PointsPass& pass, ProgressListener& listener)
+{
+    constexpr std::size_t linesBetweenReports = 4096;
+    LineReader lines(file);
+    TextLine line;
+    for (;;) {
+        const Result<bool> more = lines.next(line);
+        if (!more.ok())
+            return more.error();
+        if (!more.value())
+            return {};
+        Result<void> taken = pass.take(line);
+        if (!taken.ok())
+            return taken;
+        if (line.number % linesBetweenReports == 0)
+            listener.progressValue(lines.position());
+    }
+}
+
+}  // namespace
+
+Result<void> loadSourceSet(
+    const LoadRequest& request, SourceSet& set, LoadReport& report, ProgressListener& listener, FileCalls& calls)
+{
+    if (request.mode == LoadMode::Replace)
+        set.clear();
+    Result<OpenFiles> opened = openFiles(request.files, listener, calls);
+    if (!opened.ok())
+        return opened.error();
+    OpenFiles& files = opened.value();
+
+    KeptRecords description;
+    Result<void> read = description.read(files.description);
+    if (!read.ok())
+        return read;
+    KeptRecords dust;
+    if (files.dust) {
+        read = dust.read(*files.dust);
+        if (!read.ok())
+            return read;
+    }
+
+    listener.statusText("Porovnávám…");
+    listener.progressMaximum(files.points.size());
+    // Records in the usual layout are at least this long; shorter ones make the set grow as it goes.
+    constexpr std::size_t shortestUsualRecord = 46;
+    set.reserve(set.size() + files.points.size() / shortestUsualRecord);
+    PointsPass pass(request, description, files.dust ? &dust : nullptr, set, report);
+    read = readPoints(files.points, pass, listener);
+    if (!read.ok())
+        return read;
+    set.modified(false);
+    return {};
+}
+
+}  // namespace korvex

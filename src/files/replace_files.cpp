@@ -1,0 +1,197 @@
+#include "replace_files.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <utility>
+
+namespace korvex {
+
+namespace {
+
+/// One file that is open for writing and not yet cut.
+class Target {
+public:
+    Target(const Replacement& replacement, FileCalls& calls) : m_replacement(replacement), m_calls(calls) { }
+    Target(Target&& other) noexcept
+        : m_replacement(other.m_replacement)
+        , m_calls(other.m_calls)
+        , m_file(std::exchange(other.m_file, -1))
+        , m_status(other.m_status)
+        , m_created(std::exchange(other.m_created, false))
+    {
+    }
+    Target(const Target&) = delete;
+    Target& operator=(const Target&) = delete;
+    Target& operator=(Target&&) = delete;
+    ~Target()
+    {
+        if (m_file >= 0)
+            m_calls.close(m_file);
+    }
+
+    [[nodiscard]] Result<void> open()
+    {
+        // Without O_NONBLOCK the opening of a pipe that nobody reads from would wait for ever.
+        constexpr int flags = O_WRONLY | O_CLOEXEC | O_NONBLOCK;
+        constexpr mode_t newFileMode = 0666;
+        const char* const path = m_replacement.path.c_str();
+        m_file = m_calls.open(path, flags, 0);
+        if (m_file < 0 && errno == ENOENT) {
+            m_file = m_calls.open(path, flags | O_CREAT, newFileMode);
+            m_created = m_file >= 0;
+        }
+        if (m_file < 0 || m_calls.fstat(m_file, m_status) != 0)
+            return failure(FileStep::Open, errno);
+        if (!S_ISREG(m_status.st_mode) && !S_ISCHR(m_status.st_mode))
+            return failure(FileStep::Open, ENODEV);
+        return {};
+    }
+
+    [[nodiscard]] bool isSameFileAs(const Target& other) const
+    {
+        return isRegular() && m_status.st_dev == other.m_status.st_dev && m_status.st_ino == other.m_status.st_ino;
+    }
+
+    [[nodiscard]] Result<void> reserve()
+    {
+        const auto newSize = static_cast<off_t>(m_replacement.bytes.size());
+        if (!isRegular() || newSize <= m_status.st_size)
+            return {};
+        if (m_calls.reserve(m_file, m_status.st_size, newSize - m_status.st_size) == 0)
+            return {};
+        // A file system that cannot reserve room says so; the write itself will then find a full disk.
+        if (errno == EOPNOTSUPP || errno == ENOSYS || errno == EINTR)
+            return {};
+        return failure(FileStep::Write, errno);
+    }
+
+    /// Gives back what was reserved and takes away a file that was only just created.
+    void undo()
+    {
+        if (m_file >= 0 && isRegular() && !m_created)
+            m_calls.ftruncate(m_file, m_status.st_size);
+        if (m_created)
+            removeCreated();
+    }
+
+    [[nodiscard]] Result<void> write()
+    {
+        off_t written = 0;
+        for (const std::string& block : m_replacement.bytes.blocks()) {
+            std::string_view rest = block;
+            while (!rest.empty()) {
+                const ssize_t count = m_calls.write(m_file, rest.data(), rest.size());
+                if (count < 0 && errno == EINTR)
+                    continue;
+                if (count <= 0)
+                    return cutAfterFailure(written, count < 0 ? errno : EIO);
+                written += count;
+                rest.remove_prefix(static_cast<std::size_t>(count));
+            }
+        }
+        if (isRegular() && (m_calls.ftruncate(m_file, written) != 0 || m_calls.fsync(m_file) != 0))
+            return failure(FileStep::Write, errno);
+        if (m_calls.close(std::exchange(m_file, -1)) != 0)
+            return failure(FileStep::Write, errno);
+        return {};
+    }
+
+    [[nodiscard]] FileError failure(FileStep step, int errorNumber) const
+    {
+        return systemError(step, m_replacement.path, errorNumber);
+    }
+
+private:
+    [[nodiscard]] bool isRegular() const { return S_ISREG(m_status.st_mode); }
+
+    [[nodiscard]] FileError cutAfterFailure(off_t written, int errorNumber)
+    {
+        if (isRegular())
+            m_calls.ftruncate(m_file, written);
+        return failure(FileStep::Write, errorNumber);
+    }
+
+    void removeCreated()
+    {
+        // The path may be a link whose target was created: the link was there before and stays.
+        char* const target = ::realpath(m_replacement.path.c_str(), nullptr);
+        if (target == nullptr)
+            return;
+        m_calls.unlink(target);
+        std::free(target);
+    }
+
+    const Replacement& m_replacement;
+    FileCalls& m_calls;
+    int m_file = -1;
+    struct stat m_status { };
+    bool m_created = false;
+};
+
+Result<void> openAll(std::vector<Target>& targets)
+{
+    for (std::size_t i = 0; i < targets.size(); ++i) {
+        Result<void> opened = targets[i].open();
+        if (!opened.ok())
+            return opened;
+        for (std::size_t j = 0; j < i; ++j) {
+            if (targets[i].isSameFileAs(targets[j])) {
+                FileError error = targets[i].failure(FileStep::Open, 0);
+                error.description = "Dva z ukládaných souborů mají stejný název.";
+                return error;
+            }
+        }
+    }
+    return {};
+}
+
+Result<void> reserveAll(std::vector<Target>& targets)
+{
+    for (Target& target : targets) {
+        Result<void> reserved = target.reserve();
+        if (!reserved.ok())
+            return reserved;
+    }
+    return {};
+}
+
+}  // namespace
+
+Result<void> replaceFiles(const std::vector<Replacement>& replacements, const SafetyCopies& copies, FileCalls& calls)
+{
+    std::vector<Target> targets;
+    std::vector<std::string> paths;
+    targets.reserve(replacements.size());
+    for (const Replacement& replacement : replacements) {
+        targets.emplace_back(replacement, calls);
+        paths.push_back(replacement.path);
+    }
+
+    Result<void> prepared = openAll(targets);
+    std::string copyFolder;
+    if (prepared.ok()) {
+        copyFolder = copies.copy(paths);
+        prepared = reserveAll(targets);
+    }
+    if (!prepared.ok()) {
+        for (Target& target : targets)
+            target.undo();
+        return prepared;
+    }
+
+    for (std::size_t i = 0; i < targets.size(); ++i) {
+        const Result<void> written = targets[i].write();
+        if (!written.ok()) {
+            for (std::size_t behind = i + 1; behind < targets.size(); ++behind)
+                targets[behind].undo();
+            FileError error = written.error();
+            if (!copyFolder.empty())
+                error.description += "\nKopie původních souborů je ve složce:\n" + copyFolder;
+            return error;
+        }
+    }
+    return {};
+}
+
+}  // namespace korvex
