@@ -7,7 +7,8 @@ namespace korvex {
 
 std::string FileError::message() const
 {
-    return description + "\n\n" + path;
+    const std::string place = line > 0 ? "Řádek " + std::to_string(line) + ": " : "";
+    return place + description + "\n\n" + path;
 }
 
 std::string systemErrorText(int errorNumber)

@@ -1,0 +1,144 @@
+#include "load_save.h"
+
+#include "globals.h"
+#include "ini_write.h"
+#include "main_window.h"
+#include "message_boxes.h"
+#include "user_folders.h"
+#include "window_progress.h"
+
+#include <QFile>
+#include <QStringList>
+
+#include <algorithm>
+#include <cstddef>
+#include <span>
+#include <vector>
+
+namespace korvex {
+
+namespace {
+
+const QString loadTitle = QStringLiteral("Načtení seznamu zdrojů");
+const QString saveTitle = QStringLiteral("Uložení seznamu zdrojů");
+
+/// A report can name a million records; nobody reads more than the first ones.
+constexpr std::size_t mostDetails = 1000;
+
+template <class Item, class Text>
+QString detailLines(const std::vector<Item>& items, Text text)
+{
+    QStringList lines;
+    for (const Item& item : std::span(items).first(std::min(items.size(), mostDetails)))
+        lines << text(item);
+    if (items.size() > mostDetails)
+        lines << QStringLiteral("… a dalších %1").arg(items.size() - mostDetails);
+    return lines.join(QLatin1Char('\n'));
+}
+
+void reportRecords(frmKORVEXZDR& window, const QString& text, const std::vector<RecordPlace>& places)
+{
+    if (places.empty())
+        return;
+    const QString details = detailLines(places, [](const RecordPlace& place) {
+        return QStringLiteral("řádek %1: zdroj %2").arg(place.line).arg(place.number);
+    });
+    window.shell().boxes.show(
+        &window, {loadTitle, text.arg(places.size()), BoxIcon::Exclamation, BoxButtons::Ok, details});
+}
+
+void takeComment(frmKORVEXZDR& window, const LoadReport& report, LoadMode mode)
+{
+    if (!report.comment)
+        return;
+    const QString loaded = QString::fromStdString(*report.comment);
+    const bool isAppended = mode == LoadMode::Append;
+    window.comment(isAppended ? window.comment().trimmed() + QStringLiteral(" * ") + loaded : loaded);
+}
+
+void showLoadError(frmKORVEXZDR& window, const FileError& error)
+{
+    FileError shown = error;
+    if (const std::size_t count = window.list().set().size(); count > 0)
+        shown.description += "\nV seznamu zůstávají zdroje načtené před chybou (" + std::to_string(count) + ").";
+    window.shell().boxes.show(
+        &window, {loadTitle, QString::fromStdString(shown.message()), BoxIcon::Critical, BoxButtons::Ok, {}});
+}
+
+void reportReplacedCharacters(frmKORVEXZDR& window, const SaveReport& report)
+{
+    if (report.replacedIn.empty() && !report.replacedInHeader)
+        return;
+    QString text = QStringLiteral("Některé znaky nelze v souborech uložit a byly nahrazeny otazníkem.");
+    if (!report.replacedIn.empty())
+        text += QStringLiteral("\nPočet zdrojů, kterých se to týká: %1.").arg(report.replacedIn.size());
+    if (report.replacedInHeader)
+        text += QStringLiteral("\nTýká se to i komentáře nebo názvu souboru v hlavičce.");
+    const QString details
+        = detailLines(report.replacedIn, [](std::int32_t number) { return QStringLiteral("zdroj %1").arg(number); });
+    window.shell().boxes.show(&window, {saveTitle, text, BoxIcon::Exclamation, BoxButtons::Ok, details});
+}
+
+void recordInIni(const Globals& globals)
+{
+    if (globals.iniPath.empty())
+        return;
+    constexpr std::string_view section = "Global";
+    iniWrite(globals.iniPath, section, "VstZdrojBodTxt", globals.files.points);
+    iniWrite(globals.iniPath, section, "VstZdrojPopTxt", globals.files.description);
+    iniWrite(globals.iniPath, section, "VstZdrojPrachTxt", globals.files.dust);
+}
+
+}  // namespace
+
+bool loadSources(frmKORVEXZDR& window, const SourceFiles& files, LoadMode mode)
+{
+    const Globals& globals = window.shell().globals;
+    if (mode == LoadMode::Replace) {
+        window.list().set().clear();
+        window.list().refill();
+    }
+    const LoadRequest request{
+        files, mode, globals.acceptMissingDescription ? MissingDescription::Accept : MissingDescription::Skip};
+    LoadReport report;
+    Result<void> loaded;
+    {
+        WindowProgress progress(window.statusLabel(), window.progressBar());
+        loaded = loadSourceSet(request, window.list().set(), report, progress);
+        takeComment(window, report, mode);
+        window.refill();
+    }
+    if (!loaded.ok()) {
+        showLoadError(window, loaded.error());
+        return false;
+    }
+    reportRecords(window, QStringLiteral("V popisném souboru nebylo\nnalezeno %1 zdrojů."), report.missingDescription);
+    reportRecords(window, QStringLiteral("V souboru s prachem nebylo\nnalezeno %1 zdrojů."), report.missingDust);
+    reportRecords(
+        window, QStringLiteral("V souboru s body bylo vynecháno\n%1 zdrojů neznámého typu."), report.unknownType);
+    return true;
+}
+
+bool saveSources(frmKORVEXZDR& window, SaveScope scope)
+{
+    Globals& globals = window.shell().globals;
+    SaveRequest request;
+    request.files = globals.files;
+    request.comment = window.comment().toStdString();
+    request.scope = scope;
+    request.copies = SafetyCopies(QFile::encodeName(stateFolder()).toStdString());
+    const Result<SaveReport> saved = [&] {
+        WindowProgress progress(window.statusLabel(), window.progressBar());
+        return saveSourceSet(request, window.list().set(), window.list().rows(), progress);
+    }();
+    if (!saved.ok()) {
+        window.shell().boxes.show(&window,
+            {saveTitle, QString::fromStdString(saved.error().message()), BoxIcon::Critical, BoxButtons::Ok, {}});
+        return false;
+    }
+    recordInIni(globals);
+    reportReplacedCharacters(window, saved.value());
+    return true;
+}
+
+}  // namespace korvex

@@ -1,0 +1,324 @@
+#include "main_window.h"
+
+#include "duplicate_report.h"
+#include "globals.h"
+#include "guard.h"
+#include "load_save.h"
+#include "message_boxes.h"
+#include "settings.h"
+#include "version.h"
+#include "window_progress.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QProgressBar>
+#include <QStatusBar>
+#include <QTimer>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+namespace korvex {
+
+namespace {
+
+/// The stored widths are in twips, 1440 to the inch; a pixel of a layout is a 96th of an inch.
+constexpr int twipsPerPixel = 15;
+
+constexpr std::size_t fewestToCheck = 2;  // a single source has no duplicate
+
+}  // namespace
+
+frmKORVEXZDR::frmKORVEXZDR(Shell shell) : m_shell(shell), m_menu(*this), m_list(new SourceListModel(this))
+{
+    setObjectName(QStringLiteral("frmKORVEXZDR"));
+    buildWidgets();
+    readSettings(m_shell.settings, m_shell.globals);
+    setWindowTitle(QString::fromUtf8(version::productName));
+    buildFileFilters();
+    applyColumnWidths();
+    connectCommands();
+    connectList();
+    updateMenuState();
+}
+
+void frmKORVEXZDR::buildWidgets()
+{
+    auto* const content = new QWidget(this);
+    lsvZdroje = new SourceListView(*m_list, content);
+    lsvZdroje->setObjectName(QStringLiteral("lsvZdroje"));
+    lbPocetZdroju = new QLabel(content);
+    lbPocetZdroju->setObjectName(QStringLiteral("lbPocetZdroju"));
+    tbKomentar = new QLineEdit(content);
+    tbKomentar->setObjectName(QStringLiteral("tbKomentar"));
+    tbKomentar->installEventFilter(this);
+    auto* const commentLabel = new QLabel(QStringLiteral("Komentář (je uložen v hlavičce datového souboru)"), content);
+    commentLabel->setBuddy(tbKomentar);
+
+    auto* const layout = new QGridLayout(content);
+    layout->addWidget(lsvZdroje, 0, 0);
+    layout->addWidget(lbPocetZdroju, 1, 0);
+    layout->addWidget(commentLabel, 2, 0);
+    layout->addWidget(tbKomentar, 3, 0);
+    layout->setRowStretch(0, 1);
+    setCentralWidget(content);
+
+    statusBar()->setObjectName(QStringLiteral("StatusBar1"));
+    m_status = new QLabel(statusBar());
+    m_status->setTextFormat(Qt::PlainText);
+    // A long path must not widen the window.
+    m_status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    statusBar()->addWidget(m_status, 1);
+    paProgress = new QProgressBar(statusBar());
+    paProgress->setObjectName(QStringLiteral("paProgress"));
+    paProgress->setAccessibleName(QStringLiteral("Průběh"));
+    statusBar()->addPermanentWidget(paProgress);
+    paProgress->hide();
+
+    lsvZdroje->setFocus();
+    constexpr int shownRows = 24;
+    constexpr int shownCharacters = 64;
+    resize(shownCharacters * fontMetrics().averageCharWidth(),
+        shownRows * lsvZdroje->verticalHeader()->defaultSectionSize());
+}
+
+void frmKORVEXZDR::buildFileFilters()
+{
+    Globals& globals = m_shell.globals;
+    const std::string title = version::applicationTitle;
+    for (std::size_t i = 0; i < globals.fileFilters.size(); ++i) {
+        const std::string& extension = globals.defaultExtensions[i];
+        globals.fileFilters[i]
+            = "Datové soubory " + title + " (*." + extension + ")| *." + extension + "|Všechny soubory (*.*)|*.*";
+    }
+}
+
+void frmKORVEXZDR::applyColumnWidths()
+{
+    QHeaderView* const header = lsvZdroje->horizontalHeader();
+    const int smallest = header->minimumSectionSize();
+    header->resizeSection(
+        SourceListModel::NumberColumn, std::max(m_shell.globals.numberColumnWidth / twipsPerPixel, smallest));
+    header->resizeSection(
+        SourceListModel::NameColumn, std::max(m_shell.globals.nameColumnWidth / twipsPerPixel, smallest));
+}
+
+void frmKORVEXZDR::command(QAction* action, void (frmKORVEXZDR::*run)())
+{
+    m_commands.insert(action);
+    connect(action, &QAction::triggered, this,
+        [this, run] { runGuarded(m_shell.boxes, this, [this, run] { (this->*run)(); }); });
+}
+
+void frmKORVEXZDR::connectCommands()
+{
+    m_commands.insert(m_menu.mnuExit);
+    connect(m_menu.mnuExit, &QAction::triggered, this, &QWidget::close);
+    command(m_menu.mnuVZrusVybrane, &frmKORVEXZDR::deleteMarked);
+    command(m_menu.mnuVZrus, &frmKORVEXZDR::deleteAll);
+    command(m_menu.mnuVKontrolaDuplicit, &frmKORVEXZDR::checkDuplicates);
+    command(m_menu.mnuVSelectAll, &frmKORVEXZDR::markAll);
+    const auto typeCommand = [this](QAction* action, const SourceType& type) {
+        m_commands.insert(action);
+        connect(action, &QAction::triggered, this, [this, typeId = type.TypZdrojeId] { markByType(typeId); });
+    };
+    typeCommand(m_menu.mnuSelectBodove, cBodovyZdroj);
+    typeCommand(m_menu.mnuSelectPlosne, cPlosnyZdroj);
+    typeCommand(m_menu.mnuSelectLiniove, cLiniovyZdroj);
+    connect(m_menu.mnuVybraneZdrojeZnecisteni, &QMenu::aboutToShow, this, &frmKORVEXZDR::updateMenuState);
+}
+
+void frmKORVEXZDR::connectList()
+{
+    connect(lsvZdroje, &SourceListView::rowClicked, this, &frmKORVEXZDR::showRowStatus);
+    connect(lsvZdroje, &SourceListView::statusOutdated, this, [this] { showStatus({}); });
+    connect(lsvZdroje, &SourceListView::editRequested, this, &frmKORVEXZDR::editCurrentRow);
+    connect(lsvZdroje, &SourceListView::deleteRequested, m_menu.mnuVZrusVybrane, &QAction::trigger);
+    connect(lsvZdroje, &SourceListView::invertRequested, this, &frmKORVEXZDR::invertMarks);
+    connect(lsvZdroje, &SourceListView::markAllRequested, this, &frmKORVEXZDR::markAll);
+    connect(lsvZdroje, &SourceListView::unmarkAllRequested, this, &frmKORVEXZDR::unmarkAll);
+    connect(lsvZdroje, &SourceListView::newSourceRequested, this, [this](int typeId) {
+        const std::array<QAction*, 3> newSource{
+            m_menu.mnuVBodovyZdroj, m_menu.mnuVPlosnyZdroj, m_menu.mnuVLiniovyZdroj};
+        newSource.at(static_cast<std::size_t>(typeId - 1))->trigger();
+    });
+    connect(lsvZdroje, &SourceListView::newSourceMenuRequested, this, [this] {
+        updateMenuState();
+        m_menu.mnuVNovyZdrojX->popup(lsvZdroje->viewport()->mapToGlobal(lsvZdroje->viewport()->rect().topLeft()));
+    });
+    connect(lsvZdroje, &SourceListView::sourceMenuRequested, this, [this](const QPoint& position) {
+        updateMenuState();
+        m_menu.mnuVybraneZdrojeZnecisteni->popup(position);
+    });
+}
+
+QString frmKORVEXZDR::comment() const
+{
+    return tbKomentar->text();
+}
+
+void frmKORVEXZDR::comment(const QString& text)
+{
+    tbKomentar->setText(text);
+    tbKomentar->setCursorPosition(0);
+}
+
+void frmKORVEXZDR::refill()
+{
+    showStatus(QStringLiteral("Zobrazuji zdroje…"));
+    const int row = std::max(lsvZdroje->currentRow(), 0);
+    m_list->refill();
+    lsvZdroje->makeCurrent(std::min(row, m_list->rowCount() - 1));
+    showStatus({});
+    updateMenuState();
+}
+
+void frmKORVEXZDR::enable(QAction* action, bool enabled)
+{
+    action->setEnabled(enabled && m_commands.contains(action));
+}
+
+void frmKORVEXZDR::updateMenuState()
+{
+    const Globals& globals = m_shell.globals;
+    const std::size_t count = m_list->set().size();
+    const bool hasSources = count > 0;
+
+    m_menu.mnuSkupinyPrachu->setVisible(globals.noDust == 0);
+    for (QAction* const action : {m_menu.mnuVSave, m_menu.mnuVSaveMark, m_menu.mnuVZrus, m_menu.mnuVZrusVybrane,
+             m_menu.mnuVNastavZdroj, m_menu.mnuVybraneZdrojeSchranka, m_menu.mnuVypocetXY, m_menu.mnuVypocetVsDw0})
+        enable(action, hasSources);
+    m_menu.mnuSelect->menuAction()->setEnabled(hasSources);
+    m_menu.mnuVypocty->menuAction()->setEnabled(hasSources);
+    enable(m_menu.mnuVKontrolaDuplicit, count >= fewestToCheck);
+    for (QAction* const action : {m_menu.mnuVLoad, m_menu.mnuSkupinyPrachu, m_menu.mnuMoznosti, m_menu.mnuVBodovyZdroj,
+             m_menu.mnuVPlosnyZdroj, m_menu.mnuVLiniovyZdroj, m_menu.mnuNHelp, m_menu.mnuNOAplikaci})
+        enable(action, true);
+    lbPocetZdroju->setText(QStringLiteral("Počet: %1").arg(count));
+    if (!hasSources)
+        m_sourceNumbers.reset(globals.minNewId);
+    if (globals.commandLineMode) {
+        for (QAction* const action : {m_menu.mnuVLoad, m_menu.mnuSD2, m_menu.mnuVSaveMark, m_menu.mnuVSave,
+                 m_menu.mnuVDelimiter1, m_menu.mnuSkupinyPrachu})
+            action->setVisible(false);
+    }
+}
+
+void frmKORVEXZDR::showStatus(const QString& text)
+{
+    showStatusText(*m_status, text.toStdString());
+}
+
+void frmKORVEXZDR::showRowStatus(int row)
+{
+    showStatus(m_list->numberText(row) + QStringLiteral("   ") + m_list->nameText(row));
+}
+
+void frmKORVEXZDR::editCurrentRow()
+{
+    const int row = lsvZdroje->currentRow();
+    if (row >= 0 && !m_list->marked(row))
+        refill();
+}
+
+void frmKORVEXZDR::deleteMarked()
+{
+    showStatus(QStringLiteral("Ruším vybrané zdroje…"));
+    SourceSet& set = m_list->set();
+    set.removeMarked(m_list->rows().marks());
+    set.modified(true);
+    refill();
+    showStatus({});
+}
+
+void frmKORVEXZDR::deleteAll()
+{
+    const BoxRequest question{QStringLiteral("Zrušit všechny zdroje"),
+        QStringLiteral("Mám opravdu zrušit všechny zdroje ?"), BoxIcon::Question, BoxButtons::YesNo, {}};
+    if (m_shell.boxes.show(this, question) != BoxAnswer::Yes)
+        return;
+    const WindowProgress hourglass(*m_status, *paProgress);
+    m_list->set().clear();
+    comment({});
+    refill();
+}
+
+void frmKORVEXZDR::markByType(std::int32_t typeId)
+{
+    m_list->markByType(typeId);
+}
+
+void frmKORVEXZDR::markAll()
+{
+    showStatus(QStringLiteral("Označuji všechny zdroje…"));
+    m_list->markAll(true);
+    showStatus({});
+}
+
+void frmKORVEXZDR::unmarkAll()
+{
+    showStatus(QStringLiteral("Ruším označení všech zdrojů…"));
+    m_list->markAll(false);
+    showStatus({});
+}
+
+void frmKORVEXZDR::invertMarks()
+{
+    showStatus(QStringLiteral("Inveruji vybrané zdroje…"));
+    m_list->invertMarks();
+    showStatus({});
+}
+
+void frmKORVEXZDR::checkDuplicates()
+{
+    runDuplicateCheck(*this, DuplicateReport::Always);
+}
+
+/// Whether the window may close: there is nothing to save, it was saved, or it is to be thrown away.
+bool frmKORVEXZDR::confirmClosing()
+{
+    if (!m_list->set().modified())
+        return true;
+    const BoxRequest question{{}, QStringLiteral("Uložit změny ?"), BoxIcon::Question, BoxButtons::YesNo, {}};
+    if (m_shell.boxes.show(this, question) != BoxAnswer::Yes)
+        return true;
+    bool saved = false;
+    runGuarded(m_shell.boxes, this, [this, &saved] { saved = saveSources(*this, SaveScope::All); });
+    // A calling program waits for its editor to end: there the window closes whatever became of the save.
+    return saved || m_shell.globals.commandLineMode;
+}
+
+void frmKORVEXZDR::closeEvent(QCloseEvent* event)
+{
+    if (!confirmClosing()) {
+        event->ignore();
+        return;
+    }
+    const WindowProgress hourglass(*m_status, *paProgress);
+    showStatus(QStringLiteral("Končím…"));
+    Globals& globals = m_shell.globals;
+    const QHeaderView* const header = lsvZdroje->horizontalHeader();
+    globals.numberColumnWidth = header->sectionSize(SourceListModel::NumberColumn) * twipsPerPixel;
+    globals.nameColumnWidth = header->sectionSize(SourceListModel::NameColumn) * twipsPerPixel;
+    m_list->set().clear();
+    m_list->refill();
+    saveSettings(m_shell.settings, globals);
+    event->accept();
+}
+
+bool frmKORVEXZDR::eventFilter(QObject* watched, QEvent* event)
+{
+    // At once would be too early: the click that brings the focus would undo it.
+    if (watched == tbKomentar && event->type() == QEvent::FocusIn)
+        QTimer::singleShot(0, tbKomentar, &QLineEdit::selectAll);
+    return QMainWindow::eventFilter(watched, event);
+}
+
+}  // namespace korvex

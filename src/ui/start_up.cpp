@@ -1,0 +1,33 @@
+#include "start_up.h"
+
+#include "arguments.h"
+#include "globals.h"
+#include "load_save.h"
+#include "main_window.h"
+
+namespace korvex {
+
+void startUp(const cArgumenty& arguments, frmKORVEXZDR& window)
+{
+    constexpr std::int16_t fewestWithFiles = 2;
+    if (arguments.Count() < fewestWithFiles) {
+        window.show();
+        return;
+    }
+    Globals& globals = window.shell().globals;
+    // Also the empty ones: what the caller did not name is not to be remembered from another run.
+    globals.files.points = arguments.Value("0", "");
+    globals.files.description = arguments.Value("1", "");
+    globals.files.dust = arguments.Value("2", "");
+    globals.dustGroupsPath = arguments.Value("3", "");
+    globals.iniPath = arguments.Value("ini", "");
+    globals.commandLineMode = arguments.Exists("s");
+    // Saved with the settings, so that such a run switches dust work off for later ones too; callers rely on it.
+    if (globals.dustGroupsPath.empty() && globals.commandLineMode)
+        globals.noDust = 1;
+    window.updateMenuState();
+    window.show();
+    loadSources(window, globals.files, LoadMode::Replace);
+}
+
+}  // namespace korvex

@@ -1,0 +1,34 @@
+// The main window's status text, progress bar and pointer during a long run.
+#pragma once
+
+#include "progress_listener.h"
+
+#include <cstddef>
+#include <string_view>
+
+class QLabel;
+class QProgressBar;
+
+namespace korvex {
+
+/// From its making to its end the pointer is the hourglass; at the end the status text and the bar are gone again,
+/// whatever way the run ended.
+class WindowProgress : public ProgressListener {
+public:
+    WindowProgress(QLabel& status, QProgressBar& bar);
+    ~WindowProgress() override;
+
+    void statusText(std::string_view text) override;
+    void progressMaximum(std::size_t maximum) override;
+    void progressValue(std::size_t value) override;
+
+private:
+    QLabel& m_status;
+    QProgressBar& m_bar;
+    std::size_t m_perStep = 1;  // a file can have more bytes than the bar can count
+};
+
+/// Shows a status text at once, also while the program is busy.
+void showStatusText(QLabel& status, std::string_view text);
+
+}  // namespace korvex
