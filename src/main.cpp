@@ -1,11 +1,13 @@
 // The editor's entry: makes what the whole process shares, shows the window and runs.
 #include "arguments.h"
 #include "czech_toolkit.h"
+#include "file_dialogs.h"
 #include "globals.h"
 #include "main_window.h"
 #include "message_boxes.h"
 #include "settings_store.h"
 #include "start_up.h"
+#include "text_clipboard.h"
 #include "version.h"
 
 #include <QApplication>
@@ -75,7 +77,10 @@ int main(int argc, char** argv)
     Globals globals;
     UserSettings settings;
     ToolkitMessageBoxes boxes;
-    frmKORVEXZDR window({globals, settings, boxes});
+    ToolkitFileChooser chooser(boxes);
+    FileDialogs fileDialogs(chooser, settings);
+    DesktopClipboard clipboard;
+    frmKORVEXZDR window({globals, settings, boxes, fileDialogs, clipboard});
     startUp(parsed, window);
     return QApplication::exec();
 }

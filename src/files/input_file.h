@@ -30,6 +30,8 @@ class InputFile {
 public:
     [[nodiscard]] static Result<InputFile> open(const std::string& path, FileCalls& calls);
 
+    InputFile(const InputFile&) = delete;
+    InputFile& operator=(const InputFile&) = delete;
     InputFile(InputFile&& other) noexcept;
     InputFile& operator=(InputFile&&) = delete;
     ~InputFile();

@@ -119,7 +119,7 @@ private:
                 m_set.addFromRecords(*type, record, {});
             return {};
         }
-        const Result<void> added = addPaired(*type, record, *description);
+        Result<void> added = addPaired(*type, record, *description);
         if (added.ok())
             takeDust(number, line);
         return added;
@@ -180,11 +180,12 @@ Result<void> readPoints(InputFile& file, PointsPass& pass, ProgressListener& lis
 Result<void> loadSourceSet(
     const LoadRequest& request, SourceSet& set, LoadReport& report, ProgressListener& listener, FileCalls& calls)
 {
-    if (request.mode == LoadMode::Replace)
-        set.clear();
     Result<OpenFiles> opened = openFiles(request.files, listener, calls);
     if (!opened.ok())
         return opened.error();
+    // Only now: a mistyped name must not cost the user the inventory that is on the screen.
+    if (request.mode == LoadMode::Replace)
+        set.clear();
     OpenFiles& files = opened.value();
 
     KeptRecords description;

@@ -42,9 +42,9 @@ struct LoadReport {
 
 /// Pairs the records by source number and adds a source for each points record, in file order. Of two description or
 /// dust records with one number the first in the file wins; those without a points record are ignored. With
-/// LoadMode::Replace the set is emptied first. On an error (a file that cannot be read, a number out of range) the
-/// sources added so far stay in the set, the report holds what was found so far, and the modified flag is left alone;
-/// a load that runs to its end clears it.
+/// LoadMode::Replace the set is emptied once all files are open. On an error (a file that cannot be opened or read, a
+/// number out of range) the sources added so far stay in the set, the report holds what was found so far, and the
+/// modified flag is left alone; a load that runs to its end clears it.
 [[nodiscard]] Result<void> loadSourceSet(const LoadRequest& request, SourceSet& set, LoadReport& report,
     ProgressListener& listener, FileCalls& calls = FileCalls::system());
 

@@ -3,6 +3,8 @@
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
+#include <memory>
+#include <string_view>
 #include <utility>
 
 namespace korvex {
@@ -115,11 +117,10 @@ private:
     void removeCreated()
     {
         // The path may be a link whose target was created: the link was there before and stays.
-        char* const target = ::realpath(m_replacement.path.c_str(), nullptr);
-        if (target == nullptr)
-            return;
-        m_calls.unlink(target);
-        std::free(target);
+        const std::unique_ptr<char, decltype(&std::free)> target(
+            ::realpath(m_replacement.path.c_str(), nullptr), &std::free);
+        if (target)
+            m_calls.unlink(target.get());
     }
 
     const Replacement& m_replacement;

@@ -40,7 +40,7 @@ fs::path makeFolder(const fs::path& parent)
     fs::create_directories(parent, error);
     const std::string name = timeName();
     for (int attempt = 0; attempt < 100; ++attempt) {
-        const fs::path folder = parent / (name + '_' + twoDigits(attempt));
+        fs::path folder = parent / (name + '_' + twoDigits(attempt));
         if (fs::create_directory(folder, error))
             return folder;
         if (error)

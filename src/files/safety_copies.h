@@ -16,7 +16,7 @@ public:
 
     /// Copies those of the files that exist and drops the oldest save beyond ten. Returns the folder of the copies,
     /// empty when there are none.
-    std::string copy(const std::vector<std::string>& paths) const;
+    [[nodiscard]] std::string copy(const std::vector<std::string>& paths) const;
 
 private:
     std::string m_folder;

@@ -1,9 +1,13 @@
 #include "load_save.h"
 
+#include "clipboard_text.h"
+#include "duplicate_report.h"
+#include "files_dialogs.h"
 #include "globals.h"
 #include "ini_write.h"
 #include "main_window.h"
 #include "message_boxes.h"
+#include "text_clipboard.h"
 #include "user_folders.h"
 #include "window_progress.h"
 
@@ -59,8 +63,8 @@ void takeComment(frmKORVEXZDR& window, const LoadReport& report, LoadMode mode)
 void showLoadError(frmKORVEXZDR& window, const FileError& error)
 {
     FileError shown = error;
-    if (const std::size_t count = window.list().set().size(); count > 0)
-        shown.description += "\nV seznamu zůstávají zdroje načtené před chybou (" + std::to_string(count) + ").";
+    if (error.step != FileStep::Open)
+        shown.description += "\nV seznamu jsou jen zdroje načtené před chybou.";
     window.shell().boxes.show(
         &window, {loadTitle, QString::fromStdString(shown.message()), BoxIcon::Critical, BoxButtons::Ok, {}});
 }
@@ -89,15 +93,41 @@ void recordInIni(const Globals& globals)
     iniWrite(globals.iniPath, section, "VstZdrojPrachTxt", globals.files.dust);
 }
 
+/// Whether the sources on the screen may go: nothing in them is unsaved, it was saved now, or it is to be thrown away.
+bool mayReplaceSources(frmKORVEXZDR& window)
+{
+    if (!window.list().set().modified())
+        return true;
+    const BoxRequest question{{}, QStringLiteral("Uložit změny ?"), BoxIcon::Question, BoxButtons::YesNoCancel, {}};
+    switch (window.shell().boxes.show(&window, question)) {
+    case BoxAnswer::Yes:
+        return saveSources(window, SaveScope::All);
+    case BoxAnswer::No:
+        return true;
+    default:
+        return false;
+    }
+}
+
 }  // namespace
+
+void openSources(frmKORVEXZDR& window)
+{
+    Globals& globals = window.shell().globals;
+    frmLoadZdroje dialog(window.shell(), window);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const LoadMode mode = dialog.mode();
+    const SourceFiles files = dialog.files();
+    if (mode == LoadMode::Replace && !mayReplaceSources(window))
+        return;
+    globals.files = files;
+    loadSources(window, files, mode);
+}
 
 bool loadSources(frmKORVEXZDR& window, const SourceFiles& files, LoadMode mode)
 {
     const Globals& globals = window.shell().globals;
-    if (mode == LoadMode::Replace) {
-        window.list().set().clear();
-        window.list().refill();
-    }
     const LoadRequest request{
         files, mode, globals.acceptMissingDescription ? MissingDescription::Accept : MissingDescription::Skip};
     LoadReport report;
@@ -112,6 +142,8 @@ bool loadSources(frmKORVEXZDR& window, const SourceFiles& files, LoadMode mode)
         showLoadError(window, loaded.error());
         return false;
     }
+    if (mode == LoadMode::Append)
+        runDuplicateCheck(window, DuplicateReport::OnlyFound);
     reportRecords(window, QStringLiteral("V popisném souboru nebylo\nnalezeno %1 zdrojů."), report.missingDescription);
     reportRecords(window, QStringLiteral("V souboru s prachem nebylo\nnalezeno %1 zdrojů."), report.missingDust);
     reportRecords(
@@ -122,6 +154,12 @@ bool loadSources(frmKORVEXZDR& window, const SourceFiles& files, LoadMode mode)
 bool saveSources(frmKORVEXZDR& window, SaveScope scope)
 {
     Globals& globals = window.shell().globals;
+    if (!globals.commandLineMode) {
+        frmSaveZdroje dialog(window.shell(), window);
+        if (dialog.exec() != QDialog::Accepted)
+            return false;
+        globals.files = dialog.files();
+    }
     SaveRequest request;
     request.files = globals.files;
     request.comment = window.comment().toStdString();
@@ -139,6 +177,12 @@ bool saveSources(frmKORVEXZDR& window, SaveScope scope)
     recordInIni(globals);
     reportReplacedCharacters(window, saved.value());
     return true;
+}
+
+void copyMarkedToClipboard(frmKORVEXZDR& window)
+{
+    const SourceListModel& list = window.list();
+    window.shell().clipboard.put(QString::fromStdString(clipboardText(list.set(), list.rows())));
 }
 
 }  // namespace korvex

@@ -1,10 +1,13 @@
 #include "main_window.h"
 
+#include "about_box.h"
 #include "duplicate_report.h"
+#include "field_behaviour.h"
 #include "globals.h"
 #include "guard.h"
 #include "load_save.h"
 #include "message_boxes.h"
+#include "options_dialog.h"
 #include "settings.h"
 #include "version.h"
 #include "window_progress.h"
@@ -17,9 +20,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QProgressBar>
 #include <QStatusBar>
-#include <QTimer>
 
 #include <algorithm>
 #include <array>
@@ -36,10 +39,15 @@ constexpr std::size_t fewestToCheck = 2;  // a single source has no duplicate
 
 }  // namespace
 
-frmKORVEXZDR::frmKORVEXZDR(Shell shell) : m_shell(shell), m_menu(*this), m_list(new SourceListModel(this))
+frmKORVEXZDR::frmKORVEXZDR(Shell shell)
+    : m_shell(shell)
+    , m_placement(*this, shell.settings, Resizable::Yes)
+    , m_menu(*this)
+    , m_list(new SourceListModel(this))
 {
     setObjectName(QStringLiteral("frmKORVEXZDR"));
     buildWidgets();
+    m_placement.restore();
     readSettings(m_shell.settings, m_shell.globals);
     setWindowTitle(QString::fromUtf8(version::productName));
     buildFileFilters();
@@ -58,7 +66,7 @@ void frmKORVEXZDR::buildWidgets()
     lbPocetZdroju->setObjectName(QStringLiteral("lbPocetZdroju"));
     tbKomentar = new QLineEdit(content);
     tbKomentar->setObjectName(QStringLiteral("tbKomentar"));
-    tbKomentar->installEventFilter(this);
+    selectAllTextOnFocus(*tbKomentar);
     auto* const commentLabel = new QLabel(QStringLiteral("Komentář (je uložen v hlavičce datového souboru)"), content);
     commentLabel->setBuddy(tbKomentar);
 
@@ -83,9 +91,9 @@ void frmKORVEXZDR::buildWidgets()
     paProgress->hide();
 
     lsvZdroje->setFocus();
-    constexpr int shownRows = 24;
-    constexpr int shownCharacters = 64;
-    resize(shownCharacters * fontMetrics().averageCharWidth(),
+    constexpr int shownRows = 28;
+    constexpr int shownCharacters = 72;
+    resize(std::max(shownCharacters * fontMetrics().averageCharWidth(), menuBar()->sizeHint().width()),
         shownRows * lsvZdroje->verticalHeader()->defaultSectionSize());
 }
 
@@ -121,6 +129,12 @@ void frmKORVEXZDR::connectCommands()
 {
     m_commands.insert(m_menu.mnuExit);
     connect(m_menu.mnuExit, &QAction::triggered, this, &QWidget::close);
+    command(m_menu.mnuVLoad, &frmKORVEXZDR::open);
+    command(m_menu.mnuMoznosti, &frmKORVEXZDR::showOptions);
+    command(m_menu.mnuVSaveMark, &frmKORVEXZDR::saveMarked);
+    command(m_menu.mnuVSave, &frmKORVEXZDR::saveAll);
+    command(m_menu.mnuVybraneZdrojeSchranka, &frmKORVEXZDR::copyMarked);
+    command(m_menu.mnuNOAplikaci, &frmKORVEXZDR::showAbout);
     command(m_menu.mnuVZrusVybrane, &frmKORVEXZDR::deleteMarked);
     command(m_menu.mnuVZrus, &frmKORVEXZDR::deleteAll);
     command(m_menu.mnuVKontrolaDuplicit, &frmKORVEXZDR::checkDuplicates);
@@ -216,6 +230,37 @@ void frmKORVEXZDR::showStatus(const QString& text)
     showStatusText(*m_status, text.toStdString());
 }
 
+void frmKORVEXZDR::open()
+{
+    openSources(*this);
+}
+
+void frmKORVEXZDR::saveMarked()
+{
+    saveSources(*this, SaveScope::Marked);
+}
+
+void frmKORVEXZDR::saveAll()
+{
+    saveSources(*this, SaveScope::All);
+}
+
+void frmKORVEXZDR::showOptions()
+{
+    frmOptions(m_shell, m_sourceNumbers, *this).exec();
+    updateMenuState();
+}
+
+void frmKORVEXZDR::showAbout()
+{
+    About(*this).exec();
+}
+
+void frmKORVEXZDR::copyMarked()
+{
+    copyMarkedToClipboard(*this);
+}
+
 void frmKORVEXZDR::showRowStatus(int row)
 {
     showStatus(m_list->numberText(row) + QStringLiteral("   ") + m_list->nameText(row));
@@ -309,16 +354,9 @@ void frmKORVEXZDR::closeEvent(QCloseEvent* event)
     globals.nameColumnWidth = header->sectionSize(SourceListModel::NameColumn) * twipsPerPixel;
     m_list->set().clear();
     m_list->refill();
+    m_placement.store();
     saveSettings(m_shell.settings, globals);
     event->accept();
-}
-
-bool frmKORVEXZDR::eventFilter(QObject* watched, QEvent* event)
-{
-    // At once would be too early: the click that brings the focus would undo it.
-    if (watched == tbKomentar && event->type() == QEvent::FocusIn)
-        QTimer::singleShot(0, tbKomentar, &QLineEdit::selectAll);
-    return QMainWindow::eventFilter(watched, event);
 }
 
 }  // namespace korvex

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "main_menu.h"
+#include "placement.h"
 #include "shell.h"
 #include "source_list_model.h"
 #include "source_list_view.h"
@@ -47,7 +48,6 @@ public:
 protected:
     /// The shutdown: asks whether to save changes, can be refused, writes the settings.
     void closeEvent(QCloseEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void buildWidgets();
@@ -58,6 +58,12 @@ private:
     void command(QAction* action, void (frmKORVEXZDR::*run)());
     void enable(QAction* action, bool enabled);
 
+    void open();
+    void saveMarked();
+    void saveAll();
+    void showOptions();
+    void showAbout();
+    void copyMarked();
     void showRowStatus(int row);
     void editCurrentRow();
     void deleteMarked();
@@ -70,6 +76,7 @@ private:
     [[nodiscard]] bool confirmClosing();
 
     Shell m_shell;
+    FreePlacement m_placement;
     MainMenu m_menu;
     SourceListModel* m_list;
     SourceListView* lsvZdroje = nullptr;

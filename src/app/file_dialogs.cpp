@@ -1,0 +1,110 @@
+#include "file_dialogs.h"
+
+#include "message_boxes.h"
+#include "settings_store.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QStringList>
+
+namespace korvex {
+
+namespace {
+
+const QString section = QStringLiteral("FileDialog");
+
+void prepare(QFileDialog& dialog, const FileQuestion& question)
+{
+    dialog.setWindowTitle(question.title);
+    dialog.setNameFilter(toolkitFilter(question.filter));
+    dialog.setWindowModality(Qt::WindowModal);
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setDirectory(question.folder);
+    if (!question.name.isEmpty())
+        dialog.selectFile(question.name);
+}
+
+QString run(QFileDialog& dialog)
+{
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    return dialog.selectedFiles().value(0);
+}
+
+}  // namespace
+
+QString ToolkitFileChooser::open(QWidget* parent, const FileQuestion& question)
+{
+    QFileDialog dialog(parent);
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    prepare(dialog, question);
+    return run(dialog);
+}
+
+QString ToolkitFileChooser::save(QWidget* parent, const FileQuestion& question)
+{
+    QFileDialog dialog(parent);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    prepare(dialog, question);
+    for (;;) {
+        const QString path = run(dialog);
+        // The toolkit's dialog would take a folder that does not exist.
+        if (path.isEmpty() || QFileInfo(path).dir().exists())
+            return path;
+        m_boxes.show(&dialog,
+            {question.title, QStringLiteral("Složka neexistuje.\n\n") + folderPart(path), BoxIcon::Exclamation,
+                BoxButtons::Ok, {}});
+    }
+}
+
+QString FileDialogs::openFile(QWidget* parent, const QString& title, const QString& filter, FilePurpose purpose)
+{
+    return ask(&FileChooser::open, parent, title, filter, purpose);
+}
+
+QString FileDialogs::saveFile(QWidget* parent, const QString& title, const QString& filter, FilePurpose purpose)
+{
+    return ask(&FileChooser::save, parent, title, filter, purpose);
+}
+
+QString FileDialogs::ask(Ask dialog, QWidget* parent, const QString& title, const QString& filter, FilePurpose purpose)
+{
+    const QString key = QStringLiteral("LastPathFile:%1").arg(static_cast<int>(purpose));
+    const QString last = m_store.get(section, key, QDir::currentPath() + QLatin1Char('/'));
+    const QString chosen = (m_chooser.*dialog)(parent, {title, filter, folderPart(last), fileNamePart(last)});
+    if (!chosen.isEmpty())
+        m_store.save(section, key, chosen);
+    return chosen;
+}
+
+QString fileNamePart(const QString& path)
+{
+    return path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
+}
+
+QString folderPart(const QString& path)
+{
+    return path.left(path.lastIndexOf(QLatin1Char('/')) + 1);
+}
+
+QString toolkitFilter(const QString& filter)
+{
+    const QStringList parts = filter.split(QLatin1Char('|'));
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString description = parts[i].trimmed();
+        QString pattern = parts[i + 1].trimmed();
+        const QString shown = QLatin1Char('(') + pattern + QLatin1Char(')');
+        if (description.endsWith(shown))
+            description.chop(shown.size());
+        if (pattern == QStringLiteral("*.*"))
+            pattern = QStringLiteral("*");
+        filters << description.trimmed() + QStringLiteral(" (") + pattern + QLatin1Char(')');
+    }
+    return filters.join(QStringLiteral(";;"));
+}
+
+}  // namespace korvex
