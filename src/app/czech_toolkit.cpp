@@ -1,29 +1,48 @@
 #include "czech_toolkit.h"
 
 #include <QApplication>
+#include <QLocale>
 #include <QProxyStyle>
 #include <QTranslator>
 
+#include <array>
 #include <cstring>
 
 namespace korvex {
 
 namespace {
 
-/// The toolkit's translation says "Zrušit" where this program says "Storno".
-class StornoTranslator : public QTranslator {
+struct OwnText {
+    const char* context;  // null: any
+    const char* source;
+    const char* czech;
+};
+
+/// Where the toolkit's translation says something else than this program ("Zrušit"), or nothing.
+constexpr std::array<OwnText, 7> ownTexts{{
+    {nullptr, "Cancel", "Storno"},
+    {nullptr, "&Cancel", "&Storno"},
+    {"QAbstractFileIconProvider", "Folder", "Složka"},
+    {"QAbstractFileIconProvider", "File", "Soubor"},
+    {"QAbstractFileIconProvider", "%1 File", "Soubor %1"},
+    {"QAbstractFileIconProvider", "Drive", "Disk"},
+    {"QAbstractFileIconProvider", "Unknown", "Neznámý"},
+}};
+
+class OwnTranslator : public QTranslator {
 public:
     using QTranslator::QTranslator;
 
     [[nodiscard]] bool isEmpty() const override { return false; }
 
     [[nodiscard]] QString translate(
-        const char* /*context*/, const char* sourceText, const char* /*disambiguation*/, int /*n*/) const override
+        const char* context, const char* sourceText, const char* /*disambiguation*/, int /*n*/) const override
     {
-        if (std::strcmp(sourceText, "Cancel") == 0)
-            return QStringLiteral("Storno");
-        if (std::strcmp(sourceText, "&Cancel") == 0)
-            return QStringLiteral("&Storno");
+        for (const OwnText& text : ownTexts) {
+            if (std::strcmp(text.source, sourceText) == 0
+                && (text.context == nullptr || std::strcmp(text.context, context) == 0))
+                return QString::fromUtf8(text.czech);
+        }
         return {};
     }
 };
@@ -52,10 +71,12 @@ void prepareToolkit()
 
 void makeToolkitCzech(QApplication& application)
 {
+    // Dates and kinds of files in the file dialogs. What the user types in fields goes by the system's locale.
+    QLocale::setDefault(QLocale(QLocale::Czech, QLocale::CzechRepublic));
     auto* const texts = new QTranslator(&application);
     if (texts->load(QStringLiteral(":/translations/qtbase_cs.qm")))
         QApplication::installTranslator(texts);
-    QApplication::installTranslator(new StornoTranslator(&application));
+    QApplication::installTranslator(new OwnTranslator(&application));
     QApplication::setStyle(new ButtonOrderStyle);
 }
 

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFontMetrics>
 #include <QStringList>
 
 namespace korvex {
@@ -21,6 +22,11 @@ void prepare(QFileDialog& dialog, const FileQuestion& question)
     dialog.setWindowModality(Qt::WindowModal);
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setDirectory(question.folder);
+    // All columns of the list are seen.
+    const QFontMetrics metrics = dialog.fontMetrics();
+    constexpr int shownCharacters = 110;
+    constexpr int shownLines = 30;
+    dialog.resize(shownCharacters * metrics.averageCharWidth(), shownLines * metrics.lineSpacing());
     if (!question.name.isEmpty())
         dialog.selectFile(question.name);
 }

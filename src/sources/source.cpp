@@ -50,7 +50,14 @@ cZdroje::cZdroje(const SourceType& type) : m_typeId(static_cast<std::int8_t>(typ
 
 const SourceType& cZdroje::type() const
 {
-    return *sourceTypeOf(m_typeId);
+    switch (m_typeId) {
+    case cPlosnyZdroj.TypZdrojeId:
+        return cPlosnyZdroj;
+    case cLiniovyZdroj.TypZdrojeId:
+        return cLiniovyZdroj;
+    default:
+        return cBodovyZdroj;
+    }
 }
 
 void cZdroje::ICZ(std::int32_t number)

@@ -22,8 +22,12 @@ QString toQString(std::string_view utf8)
 QIcon smallIcon(const QString& name)
 {
     QIcon icon;
-    for (const int size : {16, 24, 32, 48})
-        icon.addFile(QStringLiteral(":/icons/%1-%2.png").arg(name).arg(size), QSize(size, size));
+    for (const int size : {16, 24, 32, 48}) {
+        const QString file = QStringLiteral(":/icons/%1-%2.png").arg(name).arg(size);
+        // The same for marked rows: left to itself the toolkit tints it until the types look alike.
+        for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected})
+            icon.addFile(file, QSize(size, size), mode);
+    }
     return icon;
 }
 

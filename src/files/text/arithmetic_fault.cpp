@@ -26,7 +26,7 @@ std::string describe(FaultKind kind, const std::string& subject)
 }  // namespace
 
 ArithmeticFault::ArithmeticFault(FaultKind kind, const std::string& subject)
-    : std::runtime_error(describe(kind, subject)), m_kind(kind)
+    : std::runtime_error(describe(kind, subject)), m_kind(kind), m_subject(subject)
 {
 }
 
