@@ -7,7 +7,9 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontMetrics>
+#include <QHeaderView>
 #include <QStringList>
+#include <QTreeView>
 
 namespace korvex {
 
@@ -27,6 +29,13 @@ void prepare(QFileDialog& dialog, const FileQuestion& question)
     constexpr int shownCharacters = 110;
     constexpr int shownLines = 30;
     dialog.resize(shownCharacters * metrics.averageCharWidth(), shownLines * metrics.lineSpacing());
+    // The toolkit cuts dates and sizes off and gives the names room they do not need.
+    if (const auto* const list = dialog.findChild<QTreeView*>()) {
+        QHeaderView* const header = list->header();
+        header->setStretchLastSection(false);
+        header->setSectionResizeMode(QHeaderView::ResizeToContents);
+        header->setSectionResizeMode(0, QHeaderView::Stretch);
+    }
     if (!question.name.isEmpty())
         dialog.selectFile(question.name);
 }
