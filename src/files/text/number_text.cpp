@@ -283,24 +283,35 @@ char* putFixedForm(char* to, const Decimal& decimal)
     return put(to, digits.substr(whole));
 }
 
+std::size_t digitCount(std::uint32_t value)
+{
+    std::size_t count = 1;
+    for (std::uint32_t beyond = 10; count < 10 && value >= beyond; beyond *= 10)
+        ++count;
+    return count;
+}
+
+/// Exactly so many digits, with leading zeros; returns what is left of the value in front of them.
+std::uint32_t putDigits(char* to, std::uint32_t value, std::size_t count)
+{
+    for (std::size_t i = count; i > 0; --i) {
+        to[i - 1] = static_cast<char>('0' + value % 10);
+        value /= 10;
+    }
+    return value;
+}
+
 /// A whole number divided by a power of ten.
 char* putDecimal(char* to, std::uint32_t digits, std::size_t decimals)
 {
-    std::array<char, 24> buffer{};
-    char* const end = buffer.data() + buffer.size();
-    char* first = end;
-    const auto prepend = [&first, &digits] {
-        *--first = static_cast<char>('0' + digits % 10);
-        digits /= 10;
-    };
-    for (std::size_t i = 0; i < decimals; ++i)
-        prepend();
-    if (decimals > 0)
-        *--first = '.';
-    do {
-        prepend();
-    } while (digits > 0);
-    return std::copy(first, end, to);
+    const std::size_t count = digitCount(digits);
+    const std::size_t whole = count > decimals ? count - decimals : 1;
+    if (decimals > 0) {
+        to[whole] = '.';
+        digits = putDigits(to + whole + 1, digits, decimals);
+    }
+    putDigits(to, digits, whole);
+    return to + whole + (decimals > 0 ? decimals + 1 : 0);
 }
 
 /// Writes a positive value that is a whole number of at most seven digits divided by a power of ten, as nearly all
@@ -370,12 +381,11 @@ char* putInteger(char* to, std::int32_t value, Pattern pattern)
 {
     const bool negative = value < 0;
     const auto magnitude = negative ? 0U - static_cast<std::uint32_t>(value) : static_cast<std::uint32_t>(value);
-    std::array<char, 10> buffer{};
-    char* const end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), magnitude).ptr;
     if (negative)
         *to++ = '-';
-    to = std::fill_n(to, static_cast<int>(pattern) - (end - buffer.data()), '0');
-    return std::copy(buffer.data(), end, to);
+    const std::size_t count = std::max(digitCount(magnitude), static_cast<std::size_t>(pattern));
+    putDigits(to, magnitude, count);
+    return to + count;
 }
 
 std::string integerText(std::int32_t value, Pattern pattern)
