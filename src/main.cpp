@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QLocale>
 
 #include <csignal>
 #include <cstddef>
@@ -75,6 +76,7 @@ int main(int argc, char** argv)
     cArgumenty parsed;
     parsed.Parse(commandLineText(arguments));
     Globals globals;
+    globals.decimalSeparator = QLocale::system().decimalPoint().toStdString();
     UserSettings settings;
     ToolkitMessageBoxes boxes;
     ToolkitFileChooser chooser(boxes);

@@ -57,6 +57,9 @@ public:
     {
         if (hint == SH_DialogButtonLayout)
             return 0;  // Ok left of Storno (QDialogButtonBox::WinLayout)
+        // Only the toolkit's own buttons have icons; ours have none, on any desktop.
+        if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+            return 0;
         return QProxyStyle::styleHint(hint, option, widget, returnData);
     }
 };

@@ -25,6 +25,9 @@ struct Globals {
     std::int32_t numberColumnWidth = 1755;  // twips
     std::int32_t nameColumnWidth = 3360;    // twips
 
+    /// The user's, of the system's locale; in UTF-8. Found once at start-up.
+    std::string decimalSeparator = ".";
+
     /// Of the points, description and dust file; not stored.
     std::array<std::string, 3> defaultExtensions{"txt", "txt", "txt"};
     /// Pairs "description|pattern|…" for the file dialogs; built while the main window loads, not stored.

@@ -8,27 +8,21 @@
 
 namespace korvex {
 
-namespace {
-
-QPushButton* button(QDialog& dialog, const QString& caption, const QString& toolTip)
+QPushButton* dialogButton(QDialog& dialog, const QString& caption, const QString& toolTip)
 {
     auto* const made = new QPushButton(caption, &dialog);
     made->setToolTip(toolTip);
-    // Enter in a field means Ok, whichever button was pressed last.
-    made->setAutoDefault(false);
     return made;
 }
-
-}  // namespace
 
 DialogButtons DialogButtons::make(QDialog& dialog)
 {
     DialogButtons buttons;
-    buttons.ok = button(dialog, QStringLiteral("&Ok"), QStringLiteral("Zpět s provedením změn"));
+    buttons.ok = dialogButton(dialog, QStringLiteral("&Ok"), QStringLiteral("Zpět s provedením změn"));
     buttons.ok->setDefault(true);
-    buttons.storno = button(dialog, QStringLiteral("&Storno"), QStringLiteral("Zpět bez provedení změn"));
+    buttons.storno = dialogButton(dialog, QStringLiteral("&Storno"), QStringLiteral("Zpět bez provedení změn"));
     QObject::connect(buttons.storno, &QPushButton::clicked, &dialog, &QDialog::reject);
-    buttons.help = button(dialog, QStringLiteral("&Nápověda"), QStringLiteral("Nápověda k programu"));
+    buttons.help = dialogButton(dialog, QStringLiteral("&Nápověda"), QStringLiteral("Nápověda k programu"));
     QObject::connect(buttons.help, &QPushButton::clicked, &dialog, [&dialog] { sendHelpKey(dialog); });
     return buttons;
 }

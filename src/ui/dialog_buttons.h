@@ -4,8 +4,12 @@
 class QDialog;
 class QHBoxLayout;
 class QPushButton;
+class QString;
 
 namespace korvex {
+
+/// A button of a dialog. Enter presses the one with the focus, in a field the one that setDefault was called for.
+[[nodiscard]] QPushButton* dialogButton(QDialog& dialog, const QString& caption, const QString& toolTip);
 
 /// Buttons with the captions and tool tips they have all over the program.
 struct DialogButtons {

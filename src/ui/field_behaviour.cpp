@@ -1,16 +1,23 @@
 #include "field_behaviour.h"
 
+#include "normalize_decimal.h"
+#include "number_text.h"
+
 #include <QEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QTimer>
+
+#include <algorithm>
 
 namespace korvex {
 
 namespace {
 
-class SelectAllText : public QObject {
+class FocusSelection : public QObject {
 public:
-    explicit SelectAllText(QLineEdit& field) : QObject(&field), m_field(field) { field.installEventFilter(this); }
+    explicit FocusSelection(QLineEdit& field) : QObject(&field), m_field(field) { }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override
@@ -25,11 +32,59 @@ private:
     QLineEdit& m_field;
 };
 
+class KeyFilter : public QObject {
+public:
+    KeyFilter(QLineEdit& field, bool (*accepts)(int)) : QObject(&field), m_accepts(accepts) { }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::KeyPress && refuses(*static_cast<QKeyEvent*>(event)))
+            return true;
+        // A dead key with its letter arrives as a finished text.
+        if (event->type() == QEvent::InputMethod && !acceptsAll(static_cast<QInputMethodEvent*>(event)->commitString()))
+            return true;
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    [[nodiscard]] bool refuses(const QKeyEvent& event) const
+    {
+        // Shortcuts are not typed characters.
+        constexpr Qt::KeyboardModifiers shortcut = Qt::ControlModifier | Qt::MetaModifier;
+        if (event.modifiers() & shortcut)
+            return false;
+        const QString text = event.text();
+        return !text.isEmpty() && text.front().isPrint() && !acceptsAll(text);
+    }
+    [[nodiscard]] bool acceptsAll(const QString& text) const
+    {
+        return std::all_of(text.begin(), text.end(), [this](QChar c) { return m_accepts(c.unicode()); });
+    }
+
+    bool (*m_accepts)(int);
+};
+
 }  // namespace
 
-void selectAllTextOnFocus(QLineEdit& field)
+void filterKeys(QLineEdit& field, bool (*accepts)(int keyCode))
 {
-    new SelectAllText(field);
+    field.installEventFilter(new KeyFilter(field, accepts));
+}
+
+void SelectAllText(QLineEdit& field)
+{
+    field.installEventFilter(new FocusSelection(field));
+}
+
+float fieldSingle(const QLineEdit& field, const std::string& decimalSeparator)
+{
+    return readSingle(NormalizeDecimal(field.text().toStdString(), decimalSeparator));
+}
+
+QString singleFieldText(float value, const std::string& decimalSeparator)
+{
+    return QString::fromStdString(localSingleText(value, decimalSeparator));
 }
 
 }  // namespace korvex

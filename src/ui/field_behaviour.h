@@ -1,11 +1,55 @@
-// How the text fields of all windows behave.
+// How the text fields of all windows behave: what can be typed, what focus does, and how numbers are read and shown.
 #pragma once
+
+#include <QString>
+
+#include <string>
 
 class QLineEdit;
 
 namespace korvex {
 
+/// lo <= x <= hi.
+[[nodiscard]] constexpr bool InRange(double x, double lo, double hi)
+{
+    return lo <= x && x <= hi;
+}
+
+/// Whether a typed key is a digit or Backspace; key codes are those of the characters.
+[[nodiscard]] constexpr bool IsDigitKey(int keyCode)
+{
+    constexpr int backspace = 8;
+    return InRange(keyCode, '0', '9') || keyCode == backspace;
+}
+
+/// Also "." and ",".
+[[nodiscard]] constexpr bool IsNumberKey(int keyCode)
+{
+    return IsDigitKey(keyCode) || keyCode == '.' || keyCode == ',';
+}
+
+[[nodiscard]] constexpr bool IsSignedDigitKey(int keyCode)
+{
+    return IsDigitKey(keyCode) || keyCode == '-';
+}
+
+[[nodiscard]] constexpr bool IsSignedNumberKey(int keyCode)
+{
+    return IsNumberKey(keyCode) || keyCode == '-';
+}
+
+/// Swallows every typed character that the test refuses, also what a dead key puts together. A paste passes on
+/// purpose: it is the way to values that the keys do not offer.
+void filterKeys(QLineEdit& field, bool (*accepts)(int keyCode));
+
 /// The field selects its whole text when it gets the focus, also by a click.
-void selectAllTextOnFocus(QLineEdit& field);
+void SelectAllText(QLineEdit& field);
+
+/// The number at the front of a field's text, which may have the user's decimal separator; 0 when there is none.
+/// Throws ArithmeticFault for one out of range.
+[[nodiscard]] float fieldSingle(const QLineEdit& field, const std::string& decimalSeparator);
+
+/// A number as fields show it, with the user's decimal separator.
+[[nodiscard]] QString singleFieldText(float value, const std::string& decimalSeparator);
 
 }  // namespace korvex

@@ -71,7 +71,7 @@ FilesDialog::FileRow FilesDialog::addFileRow(const QString& fileKind, const QStr
     field->setObjectName(QStringLiteral("tb") + fileKind);
     field->setMinimumWidth(fieldCharacters * fontMetrics().averageCharWidth());
     label->setBuddy(field);
-    selectAllTextOnFocus(*field);
+    SelectAllText(*field);
     auto* const browse = new QToolButton(this);
     browse->setObjectName(QStringLiteral("cbOpen") + fileKind);
     browse->setText(QStringLiteral("…"));

@@ -1,6 +1,7 @@
 #include "main_window.h"
 
 #include "about_box.h"
+#include "calculations.h"
 #include "duplicate_report.h"
 #include "field_behaviour.h"
 #include "globals.h"
@@ -66,7 +67,7 @@ void frmKORVEXZDR::buildWidgets()
     lbPocetZdroju->setObjectName(QStringLiteral("lbPocetZdroju"));
     tbKomentar = new QLineEdit(content);
     tbKomentar->setObjectName(QStringLiteral("tbKomentar"));
-    selectAllTextOnFocus(*tbKomentar);
+    SelectAllText(*tbKomentar);
     auto* const commentLabel = new QLabel(QStringLiteral("Komentář (je uložen v hlavičce datového souboru)"), content);
     commentLabel->setBuddy(tbKomentar);
 
@@ -134,6 +135,8 @@ void frmKORVEXZDR::connectCommands()
     command(m_menu.mnuVSaveMark, &frmKORVEXZDR::saveMarked);
     command(m_menu.mnuVSave, &frmKORVEXZDR::saveAll);
     command(m_menu.mnuVybraneZdrojeSchranka, &frmKORVEXZDR::copyMarked);
+    command(m_menu.mnuVypocetVsDw0, &frmKORVEXZDR::showStackGas);
+    command(m_menu.mnuVypocetXY, &frmKORVEXZDR::calculateXY);
     command(m_menu.mnuNOAplikaci, &frmKORVEXZDR::showAbout);
     command(m_menu.mnuVZrusVybrane, &frmKORVEXZDR::deleteMarked);
     command(m_menu.mnuVZrus, &frmKORVEXZDR::deleteAll);
@@ -259,6 +262,16 @@ void frmKORVEXZDR::showAbout()
 void frmKORVEXZDR::copyMarked()
 {
     copyMarkedToClipboard(*this);
+}
+
+void frmKORVEXZDR::showStackGas()
+{
+    showStackGasBatch(*this);
+}
+
+void frmKORVEXZDR::calculateXY()
+{
+    calculateMidpoints(*this);
 }
 
 void frmKORVEXZDR::showRowStatus(int row)

@@ -64,6 +64,8 @@ private:
     void showOptions();
     void showAbout();
     void copyMarked();
+    void showStackGas();
+    void calculateXY();
     void showRowStatus(int row);
     void editCurrentRow();
     void deleteMarked();

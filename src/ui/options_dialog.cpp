@@ -55,7 +55,7 @@ QWidget* frmOptions::makeGeneralPage()
     constexpr int numberCharacters = 14;
     tbMinNewID->setMaximumWidth(numberCharacters * fontMetrics().horizontalAdvance(QLatin1Char('0')));
     label->setBuddy(tbMinNewID);
-    selectAllTextOnFocus(*tbMinNewID);
+    SelectAllText(*tbMinNewID);
 
     const Globals& globals = m_shell.globals;
     chbNoPrach = new QCheckBox(QStringLiteral("Nenabízej možnost práce s prachem"), page);

@@ -17,17 +17,35 @@ void showStatusText(QLabel& status, std::string_view text)
     status.repaint();
 }
 
-WindowProgress::WindowProgress(QLabel& status, QProgressBar& bar) : m_status(status), m_bar(bar)
+BarProgress::BarProgress(QProgressBar& bar) : m_bar(bar)
 {
     QApplication::setOverrideCursor(Qt::WaitCursor);
 }
+
+BarProgress::~BarProgress()
+{
+    m_bar.setValue(0);
+    QApplication::restoreOverrideCursor();
+}
+
+void BarProgress::progressMaximum(std::size_t maximum)
+{
+    m_perStep = maximum / static_cast<std::size_t>(std::numeric_limits<int>::max()) + 1;
+    m_bar.setRange(0, static_cast<int>(maximum / m_perStep));
+    m_bar.setValue(0);
+}
+
+void BarProgress::progressValue(std::size_t value)
+{
+    m_bar.setValue(static_cast<int>(value / m_perStep));
+}
+
+WindowProgress::WindowProgress(QLabel& status, QProgressBar& bar) : BarProgress(bar), m_status(status), m_bar(bar) { }
 
 WindowProgress::~WindowProgress()
 {
     showStatusText(m_status, "");
     m_bar.hide();
-    m_bar.reset();
-    QApplication::restoreOverrideCursor();
 }
 
 void WindowProgress::statusText(std::string_view text)
@@ -37,15 +55,8 @@ void WindowProgress::statusText(std::string_view text)
 
 void WindowProgress::progressMaximum(std::size_t maximum)
 {
-    m_perStep = maximum / static_cast<std::size_t>(std::numeric_limits<int>::max()) + 1;
-    m_bar.setRange(0, static_cast<int>(maximum / m_perStep));
-    m_bar.setValue(0);
+    BarProgress::progressMaximum(maximum);
     m_bar.show();
-}
-
-void WindowProgress::progressValue(std::size_t value)
-{
-    m_bar.setValue(static_cast<int>(value / m_perStep));
 }
 
 }  // namespace korvex

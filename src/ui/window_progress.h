@@ -1,4 +1,4 @@
-// The main window's status text, progress bar and pointer during a long run.
+// Progress bar, status text and pointer during a long run.
 #pragma once
 
 #include "progress_listener.h"
@@ -11,21 +11,34 @@ class QProgressBar;
 
 namespace korvex {
 
-/// From its making to its end the pointer is the hourglass; at the end the status text and the bar are gone again,
-/// whatever way the run ended.
-class WindowProgress : public ProgressListener {
+/// From its making to its end the pointer is the hourglass; at the end the bar is back at its beginning, whatever way
+/// the run ended.
+class BarProgress : public ProgressListener {
+public:
+    explicit BarProgress(QProgressBar& bar);
+    ~BarProgress() override;
+
+    void statusText(std::string_view /*text*/) override { }
+    void progressMaximum(std::size_t maximum) override;
+    void progressValue(std::size_t value) override;
+
+private:
+    QProgressBar& m_bar;
+    std::size_t m_perStep = 1;  // a file can have more bytes than the bar can count
+};
+
+/// The same with the main window's status text and with a bar that is there only during the run.
+class WindowProgress : public BarProgress {
 public:
     WindowProgress(QLabel& status, QProgressBar& bar);
     ~WindowProgress() override;
 
     void statusText(std::string_view text) override;
     void progressMaximum(std::size_t maximum) override;
-    void progressValue(std::size_t value) override;
 
 private:
     QLabel& m_status;
     QProgressBar& m_bar;
-    std::size_t m_perStep = 1;  // a file can have more bytes than the bar can count
 };
 
 /// Shows a status text at once, also while the program is busy.
