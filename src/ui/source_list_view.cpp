@@ -6,8 +6,8 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPen>
 #include <QStyle>
-#include <QStyleOptionFocusRect>
 #include <QStyledItemDelegate>
 
 #include <algorithm>
@@ -299,14 +299,13 @@ void SourceListView::paintEvent(QPaintEvent* event)
     QTableView::paintEvent(event);
     if (!hasFocus() || !currentIndex().isValid())
         return;
-    QStyleOptionFocusRect frame;
-    frame.initFrom(viewport());
-    frame.rect = visualRect(currentIndex().siblingAtColumn(SourceListModel::NumberColumn))
-                     .united(visualRect(currentIndex().siblingAtColumn(SourceListModel::NameColumn)));
-    frame.state |= QStyle::State_KeyboardFocusChange;
-    frame.backgroundColor = palette().color(m_model.marked(currentRow()) ? QPalette::Highlight : QPalette::Base);
+    const QRect row = visualRect(currentIndex().siblingAtColumn(SourceListModel::NumberColumn))
+                          .united(visualRect(currentIndex().siblingAtColumn(SourceListModel::NameColumn)));
+    // An outline of our own: some styles veil the whole rectangle, and the text of a marked row with it.
+    const bool isMarked = m_model.marked(currentRow());
     QPainter painter(viewport());
-    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &frame, &painter, this);
+    painter.setPen(QPen(palette().color(isMarked ? QPalette::HighlightedText : QPalette::Text), 1, Qt::DotLine));
+    painter.drawRect(row.adjusted(0, 0, -1, -1));
 }
 
 QModelIndex SourceListView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
