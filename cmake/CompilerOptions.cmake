@@ -4,7 +4,7 @@ add_library(korvex_options INTERFACE)
 target_compile_features(korvex_options INTERFACE cxx_std_20)
 target_compile_options(korvex_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor -Wold-style-cast
-  -Wcast-align -Woverloaded-virtual -Wnull-dereference -Wformat=2)
+  -Wcast-align -Woverloaded-virtual -Wformat=2)
 
 # GCC 12 reports copies that cannot overlap wherever a text is put together from a literal and a string.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
