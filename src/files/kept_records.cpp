@@ -1,8 +1,7 @@
 #include "kept_records.h"
 
 #include "arithmetic_fault.h"
-#include "fields.h"
-#include "number_text.h"
+#include "record_fields.h"
 #include "source_files.h"
 
 #include <algorithm>
@@ -17,7 +16,7 @@ namespace {
 /// points record can have it.
 std::optional<std::int32_t> pairingNumber(std::string_view line)
 {
-    const double number = readReal(Fields(line, ',').next());
+    const double number = RecordFields(line).nextReal();
     if (number != std::nearbyint(number) || number < std::numeric_limits<std::int32_t>::min()
         || number > std::numeric_limits<std::int32_t>::max())
         return std::nullopt;

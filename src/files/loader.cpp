@@ -2,10 +2,9 @@
 
 #include "arithmetic_fault.h"
 #include "code_page.h"
-#include "fields.h"
 #include "input_file.h"
 #include "kept_records.h"
-#include "number_text.h"
+#include "record_fields.h"
 #include "source_set.h"
 
 #include <string_view>
@@ -105,8 +104,11 @@ private:
     /// Throws ArithmeticFault for a number of the points record.
     Result<void> takeRecord(std::string_view record, std::size_t line)
     {
-        const std::int32_t number = readInteger(field(record, ',', 1));
-        const SourceType* const type = sourceTypeOf(readInteger(field(record, ',', 5)));
+        RecordFields fields(record);
+        const std::int32_t number = fields.nextInteger();
+        for (int i = 0; i < 3; ++i)
+            fields.skip();  // the position: the source reads it
+        const SourceType* const type = sourceTypeOf(fields.nextInteger());
         if (type == nullptr) {
             m_report.unknownType.push_back({number, line});
             return {};
@@ -125,10 +127,11 @@ private:
         return added;
     }
 
+    /// The description record is nothing but numbers: its bytes are the same in UTF-8.
     Result<void> addPaired(const SourceType& type, std::string_view record, std::string_view description)
     {
         try {
-            m_set.addFromRecords(type, record, m_descriptionText(description));
+            m_set.addFromRecords(type, record, description);
             return {};
         } catch (const ArithmeticFault& fault) {
             cZdroje(type).LineSource(record);  // throws when the points record is the one to blame
@@ -152,7 +155,6 @@ private:
     SourceSet& m_set;
     LoadReport& m_report;
     DecodedLine m_pointsText;
-    DecodedLine m_descriptionText;
     DecodedLine m_dustText;
 };
 

@@ -21,6 +21,7 @@ public:
         , m_file(std::exchange(other.m_file, -1))
         , m_status(other.m_status)
         , m_created(std::exchange(other.m_created, false))
+        , m_reserved(other.m_reserved)
     {
     }
     Target(const Target&) = delete;
@@ -60,7 +61,8 @@ public:
         const auto newSize = static_cast<off_t>(m_replacement.bytes.size());
         if (!isRegular() || newSize <= m_status.st_size)
             return {};
-        if (m_calls.reserve(m_file, m_status.st_size, newSize - m_status.st_size) == 0)
+        m_reserved = m_calls.reserve(m_file, m_status.st_size, newSize - m_status.st_size) == 0;
+        if (m_reserved)
             return {};
         // A file system that cannot reserve room says so; the write itself will then find a full disk.
         if (errno == EOPNOTSUPP || errno == ENOSYS || errno == EINTR)
@@ -71,7 +73,7 @@ public:
     /// Gives back what was reserved and takes away a file that was only just created.
     void undo()
     {
-        if (m_file >= 0 && isRegular() && !m_created)
+        if (m_reserved && !m_created)
             m_calls.ftruncate(m_file, m_status.st_size);
         if (m_created)
             removeCreated();
@@ -92,7 +94,10 @@ public:
                 rest.remove_prefix(static_cast<std::size_t>(count));
             }
         }
-        if (isRegular() && (m_calls.ftruncate(m_file, written) != 0 || m_calls.fsync(m_file) != 0))
+        const auto cut = [this, written] { return m_calls.ftruncate(m_file, written); };
+        if (isRegular() && retried(cut) != 0)
+            return cutAfterFailure(written, errno);
+        if (isRegular() && retried([this] { return m_calls.fsync(m_file); }) != 0)
             return failure(FileStep::Write, errno);
         if (m_calls.close(std::exchange(m_file, -1)) != 0)
             return failure(FileStep::Write, errno);
@@ -114,6 +119,16 @@ private:
         return failure(FileStep::Write, errorNumber);
     }
 
+    /// Again as long as only a signal got in the way.
+    template <class Run>
+    static int retried(Run run)
+    {
+        int result = run();
+        while (result != 0 && errno == EINTR)
+            result = run();
+        return result;
+    }
+
     void removeCreated()
     {
         // The path may be a link whose target was created: the link was there before and stays.
@@ -128,6 +143,7 @@ private:
     int m_file = -1;
     struct stat m_status { };
     bool m_created = false;
+    bool m_reserved = false;
 };
 
 Result<void> openAll(std::vector<Target>& targets)

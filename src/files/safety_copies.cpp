@@ -39,7 +39,11 @@ fs::path makeFolder(const fs::path& parent)
     std::error_code error;
     fs::create_directories(parent, error);
     const std::string name = timeName();
-    for (int attempt = 0; attempt < 100; ++attempt) {
+    // Behind those of the same second that are there, also where the first of them were dropped again.
+    int attempt = 99;
+    while (attempt > 0 && !fs::exists(parent / (name + '_' + twoDigits(attempt - 1)), error))
+        --attempt;
+    for (; attempt < 100; ++attempt) {
         fs::path folder = parent / (name + '_' + twoDigits(attempt));
         if (fs::create_directory(folder, error))
             return folder;
@@ -58,18 +62,19 @@ bool isFolderOfSave(const fs::path& folder)
     return std::equal(form.begin(), form.end(), name.begin(), name.end(), fits);
 }
 
-void dropOldest(const fs::path& parent)
+/// The folder just made stays whatever its name: the clock may have been set back since the others were made.
+void dropOldest(const fs::path& parent, const fs::path& justMade)
 {
     std::error_code error;
     std::vector<fs::path> folders;
     for (fs::directory_iterator entry(parent, error), end; !error && entry != end; entry.increment(error)) {
-        if (isFolderOfSave(entry->path()))
+        if (isFolderOfSave(entry->path()) && entry->path() != justMade)
             folders.push_back(entry->path());
     }
-    if (folders.size() <= savesKept)
+    if (folders.size() < savesKept)
         return;
     std::sort(folders.begin(), folders.end());
-    folders.resize(folders.size() - savesKept);
+    folders.resize(folders.size() + 1 - savesKept);
     for (const fs::path& folder : folders)
         fs::remove_all(folder, error);
 }
@@ -93,14 +98,22 @@ std::string SafetyCopies::copy(const std::vector<std::string>& paths) const
         return {};
 
     std::error_code error;
+    std::size_t copied = 0;
     std::ofstream list(folder / "odkud.txt", std::ios::binary);
     for (std::size_t i = 0; i < existing.size(); ++i) {
         // Files of one name from several folders must not overwrite one another.
         const std::string name = integerText(static_cast<std::int32_t>(i + 1)) + '-' + existing[i].filename().string();
-        if (fs::copy_file(existing[i], folder / name, error))
+        if (fs::copy_file(existing[i], folder / name, error)) {
             list << name << '\t' << fs::absolute(existing[i], error).string() << '\n';
+            ++copied;
+        }
     }
-    dropOldest(m_folder);
+    list.close();
+    if (copied == 0) {
+        fs::remove_all(folder, error);
+        return {};
+    }
+    dropOldest(m_folder, folder);
     return folder.string();
 }
 

@@ -45,4 +45,10 @@ float RecordFields::nextSingle()
     return readNamed(m_number, [text] { return readSingle(text); });
 }
 
+double RecordFields::nextReal()
+{
+    const std::string_view text = next();
+    return readNamed(m_number, [text] { return readReal(text); });
+}
+
 }  // namespace korvex

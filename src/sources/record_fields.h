@@ -13,9 +13,10 @@ public:
     explicit RecordFields(std::string_view record) : m_fields(record, ',') { }
 
     void skip();
-    /// Both throw ArithmeticFault with the field's number in its text.
+    /// All three throw ArithmeticFault with the field's number in its text.
     [[nodiscard]] std::int32_t nextInteger();
     [[nodiscard]] float nextSingle();
+    [[nodiscard]] double nextReal();
 
 private:
     std::string_view next();
