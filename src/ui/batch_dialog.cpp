@@ -95,6 +95,8 @@ void frmVypocetVsDw0::buildWidgets()
     // Else every line of a log of a million is measured.
     lstLog->setUniformItemSizes(true);
     Label2->setBuddy(lstLog);
+    // Item views do not take their label's text for a name.
+    lstLog->setAccessibleName(QStringLiteral("Záznam o chybách"));
     ProgressBar1 = new QProgressBar(this);
     ProgressBar1->setObjectName(QStringLiteral("ProgressBar1"));
     ProgressBar1->setAccessibleName(QStringLiteral("Průběh"));

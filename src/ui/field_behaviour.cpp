@@ -41,9 +41,13 @@ protected:
     {
         if (event->type() == QEvent::KeyPress && refuses(*static_cast<QKeyEvent*>(event)))
             return true;
-        // A dead key with its letter arrives as a finished text.
-        if (event->type() == QEvent::InputMethod && !acceptsAll(static_cast<QInputMethodEvent*>(event)->commitString()))
-            return true;
+        // A dead key with its letter arrives as a finished text. The event itself passes: it also takes away what the
+        // field showed of the dead key.
+        if (event->type() == QEvent::InputMethod) {
+            auto& input = *static_cast<QInputMethodEvent*>(event);
+            if (!acceptsAll(input.commitString()))
+                input.setCommitString({});
+        }
         return QObject::eventFilter(watched, event);
     }
 
@@ -55,7 +59,8 @@ private:
         if (event.modifiers() & shortcut)
             return false;
         const QString text = event.text();
-        return !text.isEmpty() && text.front().isPrint() && !acceptsAll(text);
+        const bool isTyped = !text.isEmpty() && text.front().category() != QChar::Other_Control;
+        return isTyped && !acceptsAll(text);
     }
     [[nodiscard]] bool acceptsAll(const QString& text) const
     {

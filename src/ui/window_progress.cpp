@@ -37,7 +37,11 @@ void BarProgress::progressMaximum(std::size_t maximum)
 
 void BarProgress::progressValue(std::size_t value)
 {
-    m_bar.setValue(static_cast<int>(value / m_perStep));
+    // The toolkit's bar is slow in being told what it does not show: a million steps would take most of a run.
+    constexpr int visibleSteps = 1000;
+    const int shown = static_cast<int>(value / m_perStep);
+    if (shown - m_bar.value() > m_bar.maximum() / visibleSteps)
+        m_bar.setValue(shown);
 }
 
 WindowProgress::WindowProgress(QLabel& status, QProgressBar& bar) : BarProgress(bar), m_status(status), m_bar(bar) { }
