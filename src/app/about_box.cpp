@@ -90,7 +90,8 @@ void About::showEvent(QShowEvent* event)
 {
     adjustSize();
     const QRect owner = parentWidget()->frameGeometry();
-    QRect own(QPoint(), size());
+    // Not yet shown, the box has no frame of its own to ask for.
+    QRect own(QPoint(), size() + owner.size() - parentWidget()->size());
     own.moveCenter(owner.center());
     move(own.topLeft());
     QDialog::showEvent(event);

@@ -156,8 +156,6 @@ frmLoadZdroje::frmLoadZdroje(Shell& shell, QWidget& owner)
     grid().addWidget(lbKomentarBOD, row, 1, 1, 2);
     // Two lines of comment must not move the buttons.
     grid().setRowMinimumHeight(row, 2 * fontMetrics().lineSpacing());
-    // The comment belongs to the file that was chosen, not to a name typed since.
-    connect(tbBOD, &QLineEdit::textEdited, lbKomentarBOD, &QLabel::clear);
     finish();
 }
 

@@ -136,7 +136,9 @@ bool loadSources(frmKORVEXZDR& window, const SourceFiles& files, LoadMode mode)
         WindowProgress progress(window.statusLabel(), window.progressBar());
         loaded = loadSourceSet(request, window.list().set(), report, progress);
         takeComment(window, report, mode);
-        window.refill();
+        // With a file that could not be opened nothing has changed: the marks and the order stay as well.
+        if (loaded.ok() || loaded.error().step != FileStep::Open)
+            window.refill();
     }
     if (!loaded.ok()) {
         showLoadError(window, loaded.error());

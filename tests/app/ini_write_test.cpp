@@ -195,10 +195,7 @@ void expectOldOrNew(Call failed, const std::string& bytes, const std::string& be
         // Written in place: cut to what was written.
         EXPECT_THAT(after, StartsWith(bytes));
         break;
-    case Call::Ftruncate:
-        // A longer old file keeps its tail.
-        EXPECT_EQ(bytes, after + (before.size() > after.size() ? before.substr(after.size()) : ""));
-        break;
+    case Call::Ftruncate:  // the cut is tried once more
     case Call::Fsync:
     case Call::Close:
     case Call::Unlink:
