@@ -185,9 +185,6 @@ Result<void> loadSourceSet(
     Result<OpenFiles> opened = openFiles(request.files, listener, calls);
     if (!opened.ok())
         return opened.error();
-    // Only now: a mistyped name must not cost the user the inventory that is on the screen.
-    if (request.mode == LoadMode::Replace)
-        set.clear();
     OpenFiles& files = opened.value();
 
     KeptRecords description;
@@ -201,6 +198,10 @@ Result<void> loadSourceSet(
             return read;
     }
 
+    // Only now: a mistyped name must not cost the user the inventory that is on the screen.
+    report.setTouched = true;
+    if (request.mode == LoadMode::Replace)
+        set.clear();
     listener.statusText("Porovnávám…");
     listener.progressMaximum(files.points.size());
     // Records in the usual layout are at least this long; shorter ones make the set grow as it goes.

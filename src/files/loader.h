@@ -34,6 +34,7 @@ struct RecordPlace {
 };
 
 struct LoadReport {
+    bool setTouched = false;             // false: the load failed before the first source could be added
     std::optional<std::string> comment;  // the first comment line of the points file that is not empty, trimmed
     std::vector<RecordPlace> missingDescription;
     std::vector<RecordPlace> missingDust;
@@ -42,9 +43,9 @@ struct LoadReport {
 
 /// Pairs the records by source number and adds a source for each points record, in file order. Of two description or
 /// dust records with one number the first in the file wins; those without a points record are ignored. With
-/// LoadMode::Replace the set is emptied once all files are open. On an error (a file that cannot be opened or read, a
-/// number out of range) the sources added so far stay in the set, the report holds what was found so far, and the
-/// modified flag is left alone; a load that runs to its end clears it.
+/// LoadMode::Replace the set is emptied once all files are open and the records to pair with are read. On an error (a
+/// file that cannot be opened or read, a number out of range) the sources added so far stay in the set, the report
+/// holds what was found so far, and the modified flag is left alone; a load that runs to its end clears it.
 [[nodiscard]] Result<void> loadSourceSet(const LoadRequest& request, SourceSet& set, LoadReport& report,
     ProgressListener& listener, FileCalls& calls = FileCalls::system());
 

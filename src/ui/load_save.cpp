@@ -60,11 +60,12 @@ void takeComment(frmKORVEXZDR& window, const LoadReport& report, LoadMode mode)
     window.comment(isAppended ? window.comment().trimmed() + QStringLiteral(" * ") + loaded : loaded);
 }
 
-void showLoadError(frmKORVEXZDR& window, const FileError& error)
+void showLoadError(frmKORVEXZDR& window, const FileError& error, const LoadReport& report, LoadMode mode)
 {
     FileError shown = error;
-    if (error.step != FileStep::Open)
-        shown.description += "\nV seznamu jsou jen zdroje načtené před chybou.";
+    if (report.setTouched)
+        shown.description += mode == LoadMode::Append ? "\nPřipojeny byly jen zdroje načtené před chybou."
+                                                      : "\nV seznamu jsou jen zdroje načtené před chybou.";
     window.shell().boxes.show(
         &window, {loadTitle, QString::fromStdString(shown.message()), BoxIcon::Critical, BoxButtons::Ok, {}});
 }
@@ -136,12 +137,12 @@ bool loadSources(frmKORVEXZDR& window, const SourceFiles& files, LoadMode mode)
         WindowProgress progress(window.statusLabel(), window.progressBar());
         loaded = loadSourceSet(request, window.list().set(), report, progress);
         takeComment(window, report, mode);
-        // With a file that could not be opened nothing has changed: the marks and the order stay as well.
-        if (loaded.ok() || loaded.error().step != FileStep::Open)
+        // Where nothing has changed the marks and the order stay as well.
+        if (report.setTouched)
             window.refill();
     }
     if (!loaded.ok()) {
-        showLoadError(window, loaded.error());
+        showLoadError(window, loaded.error(), report, mode);
         return false;
     }
     if (mode == LoadMode::Append)

@@ -58,6 +58,12 @@ frmKORVEXZDR::frmKORVEXZDR(Shell shell)
     updateMenuState();
 }
 
+frmKORVEXZDR::~frmKORVEXZDR()
+{
+    // A window destroyed while it is shown takes the focus from the list when nothing of this class is left to hear it.
+    lsvZdroje->disconnect(this);
+}
+
 void frmKORVEXZDR::buildWidgets()
 {
     auto* const content = new QWidget(this);

@@ -25,6 +25,7 @@ class frmKORVEXZDR : public QMainWindow {
 public:
     /// Loads the window: settings, caption, file filters, columns and menu state. It is not shown yet.
     explicit frmKORVEXZDR(Shell shell);
+    ~frmKORVEXZDR() override;
 
     [[nodiscard]] Shell& shell() { return m_shell; }
     /// The source set and the rows that show it.

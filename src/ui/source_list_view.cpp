@@ -270,7 +270,7 @@ void SourceListView::mouseReleaseEvent(QMouseEvent* event)
 
 void SourceListView::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::LeftButton && indexAt(event->pos()).isValid())
+    if (event->button() == Qt::LeftButton)
         emit editRequested();
     else
         QTableView::mouseDoubleClickEvent(event);

@@ -511,7 +511,7 @@ TEST_F(Loader, ReplaceEmptiesTheSetFirst)
     EXPECT_THAT(numbers(), ElementsAre(7));
 }
 
-TEST_F(Loader, ReplaceEmptiesTheSetOnlyOnceAllFilesAreOpen)
+TEST_F(Loader, ReplaceEmptiesTheSetOnlyOnceTheOtherTwoFilesAreRead)
 {
     ASSERT_TRUE(load(threePoints, threeDescriptions).ok());
     request.files.dust = folder.path("chybi.txt");
@@ -519,7 +519,18 @@ TEST_F(Loader, ReplaceEmptiesTheSetOnlyOnceAllFilesAreOpen)
     EXPECT_THAT(numbers(), ElementsAre(1, 2, 3)) << "a mistyped name costs nothing";
 
     EXPECT_FALSE(load(threePoints, "1E999\r\n").ok());
-    EXPECT_TRUE(set.empty());
+    EXPECT_THAT(numbers(), ElementsAre(1, 2, 3)) << "nor does a damaged description file";
+
+    EXPECT_FALSE(load("1E999\r\n" + std::string(threePoints), threeDescriptions).ok());
+    EXPECT_TRUE(set.empty()) << "the points file has taken the place of the old inventory by then";
+}
+
+TEST_F(Loader, TheReportTellsWhetherTheSetWasTouched)
+{
+    EXPECT_FALSE(load(threePoints, "1E999\r\n").ok());
+    EXPECT_FALSE(report.setTouched);
+    EXPECT_FALSE(load("1E999\r\n", threeDescriptions).ok());
+    EXPECT_TRUE(report.setTouched);
 }
 
 TEST_F(Loader, AppendKeepsWhatIsThereAndAddsBehindIt)
