@@ -2,6 +2,7 @@
 
 #include "clipboard_text.h"
 #include "duplicate_report.h"
+#include "dust_group_editor.h"
 #include "files_dialogs.h"
 #include "globals.h"
 #include "ini_write.h"
@@ -123,10 +124,10 @@ void openSources(frmKORVEXZDR& window)
     if (mode == LoadMode::Replace && !mayReplaceSources(window))
         return;
     globals.files = files;
-    loadSources(window, files, mode);
+    loadSources(window, files, {}, mode);
 }
 
-bool loadSources(frmKORVEXZDR& window, const SourceFiles& files, LoadMode mode)
+bool loadSources(frmKORVEXZDR& window, const SourceFiles& files, const std::string& dustGroupsPath, LoadMode mode)
 {
     const Globals& globals = window.shell().globals;
     const LoadRequest request{
@@ -147,6 +148,9 @@ bool loadSources(frmKORVEXZDR& window, const SourceFiles& files, LoadMode mode)
     }
     if (mode == LoadMode::Append)
         runDuplicateCheck(window, DuplicateReport::OnlyFound);
+    // Not shown: only to make the file the current one, or to say at once that it cannot be read.
+    if (!dustGroupsPath.empty())
+        frmSkupinyPrachu(window.shell(), &window).OtevriSkupiny(dustGroupsPath, GroupListAfterReading::Keep);
     reportRecords(window, QStringLiteral("V popisném souboru nebylo\nnalezeno %1 zdrojů."), report.missingDescription);
     reportRecords(window, QStringLiteral("V souboru s prachem nebylo\nnalezeno %1 zdrojů."), report.missingDust);
     reportRecords(

@@ -13,9 +13,10 @@ class frmKORVEXZDR;
 /// Asks for the files and loads them. Before an inventory with unsaved changes is replaced, asks whether to save it.
 void openSources(frmKORVEXZDR& window);
 
-/// Loads the three files into the window's set, reports what found no partner and clears the modified flag. False
-/// when a file could not be read: then a message has said so, and the sources added until then stay.
-bool loadSources(frmKORVEXZDR& window, const SourceFiles& files, LoadMode mode);
+/// Loads the three files into the window's set, looks into the dust groups file when one is named, reports what found
+/// no partner and clears the modified flag. False when a file could not be read: then a message has said so, and the
+/// sources added until then stay.
+bool loadSources(frmKORVEXZDR& window, const SourceFiles& files, const std::string& dustGroupsPath, LoadMode mode);
 
 /// Asks for the three names, except in command-line mode, saves and records the names in the INI file when one is
 /// known. False when nothing was saved: then the user cancelled or a message has said why.

@@ -3,6 +3,7 @@
 #include "about_box.h"
 #include "calculations.h"
 #include "duplicate_report.h"
+#include "dust_group_editor.h"
 #include "field_behaviour.h"
 #include "globals.h"
 #include "guard.h"
@@ -137,6 +138,7 @@ void frmKORVEXZDR::connectCommands()
     m_commands.insert(m_menu.mnuExit);
     connect(m_menu.mnuExit, &QAction::triggered, this, &QWidget::close);
     command(m_menu.mnuVLoad, &frmKORVEXZDR::open);
+    command(m_menu.mnuSkupinyPrachu, &frmKORVEXZDR::editDustGroups);
     command(m_menu.mnuMoznosti, &frmKORVEXZDR::showOptions);
     command(m_menu.mnuVSaveMark, &frmKORVEXZDR::saveMarked);
     command(m_menu.mnuVSave, &frmKORVEXZDR::saveAll);
@@ -252,6 +254,14 @@ void frmKORVEXZDR::saveMarked()
 void frmKORVEXZDR::saveAll()
 {
     saveSources(*this, SaveScope::All);
+}
+
+void frmKORVEXZDR::editDustGroups()
+{
+    frmSkupinyPrachu editor(m_shell, this);
+    editor.FileName(m_shell.globals.dustGroupsPath);
+    editor.exec();
+    m_shell.globals.dustGroupsPath = editor.FileName();
 }
 
 void frmKORVEXZDR::showOptions()

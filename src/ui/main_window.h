@@ -62,6 +62,7 @@ private:
     void open();
     void saveMarked();
     void saveAll();
+    void editDustGroups();
     void showOptions();
     void showAbout();
     void copyMarked();

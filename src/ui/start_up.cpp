@@ -27,7 +27,7 @@ void startUp(const cArgumenty& arguments, frmKORVEXZDR& window)
         globals.noDust = 1;
     window.updateMenuState();
     window.show();
-    loadSources(window, globals.files, LoadMode::Replace);
+    loadSources(window, globals.files, globals.dustGroupsPath, LoadMode::Replace);
 }
 
 }  // namespace korvex

@@ -88,7 +88,7 @@ private slots:
 private:
     [[nodiscard]] bool load(const SourceFiles& files, LoadMode mode = LoadMode::Replace)
     {
-        return loadSources(harness().window(), files, mode);
+        return loadSources(harness().window(), files, {}, mode);
     }
 };
 
