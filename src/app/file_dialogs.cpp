@@ -65,7 +65,7 @@ QString ToolkitFileChooser::save(QWidget* parent, const FileQuestion& question)
     dialog.setFileMode(QFileDialog::AnyFile);
     prepare(dialog, question);
     for (;;) {
-        const QString path = run(dialog);
+        QString path = run(dialog);
         // The toolkit's dialog would take a folder that does not exist.
         if (path.isEmpty() || QFileInfo(path).dir().exists())
             return path;
@@ -89,7 +89,7 @@ QString FileDialogs::ask(Ask dialog, QWidget* parent, const QString& title, cons
 {
     const QString key = QStringLiteral("LastPathFile:%1").arg(static_cast<int>(purpose));
     const QString last = m_store.get(section, key, QDir::currentPath() + QLatin1Char('/'));
-    const QString chosen = (m_chooser.*dialog)(parent, {title, filter, folderPart(last), fileNamePart(last)});
+    QString chosen = (m_chooser.*dialog)(parent, {title, filter, folderPart(last), fileNamePart(last)});
     if (!chosen.isEmpty())
         m_store.save(section, key, chosen);
     return chosen;

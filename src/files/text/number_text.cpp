@@ -254,7 +254,7 @@ char* put(char* to, std::string_view text)
 
 char* putExponentForm(char* to, const Decimal& decimal)
 {
-    *to++ = decimal.digits.front();
+    *to++ = decimal.digits.front();  // NOLINT(clang-analyzer-core.NullDereference): there is always a digit
     if (decimal.digits.size() > 1) {
         *to++ = '.';
         to = put(to, decimal.digits.substr(1));
