@@ -33,7 +33,7 @@ uscPrach::uscPrach(Shell& shell, QWidget* parent) : QWidget(parent), m_shell(she
 
 void uscPrach::buildWidgets()
 {
-    const auto labelOf = [this](QWidget* field, const QString& caption) {
+    const auto labelOf = [](QWidget* field, const QString& caption) {
         auto* const label = new QLabel(caption, field->parentWidget());
         label->setBuddy(field);
         return label;

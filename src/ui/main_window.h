@@ -26,6 +26,7 @@ public:
     /// Loads the window: settings, caption, file filters, columns and menu state. It is not shown yet.
     explicit frmKORVEXZDR(Shell shell);
     ~frmKORVEXZDR() override;
+    Q_DISABLE_COPY_MOVE(frmKORVEXZDR)
 
     [[nodiscard]] Shell& shell() { return m_shell; }
     /// The source set and the rows that show it.

@@ -16,6 +16,8 @@ namespace korvex {
 class BarProgress : public ProgressListener {
 public:
     explicit BarProgress(QProgressBar& bar);
+    BarProgress(const BarProgress&) = delete;
+    BarProgress& operator=(const BarProgress&) = delete;
     ~BarProgress() override;
 
     void statusText(std::string_view /*text*/) override { }
@@ -31,6 +33,8 @@ private:
 class WindowProgress : public BarProgress {
 public:
     WindowProgress(QLabel& status, QProgressBar& bar);
+    WindowProgress(const WindowProgress&) = delete;
+    WindowProgress& operator=(const WindowProgress&) = delete;
     ~WindowProgress() override;
 
     void statusText(std::string_view text) override;
