@@ -24,11 +24,15 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTableView>
+#include <QTimer>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace korvex {
 
@@ -50,6 +54,12 @@ QString pathText(const std::string& path)
 std::string pathOf(const QString& text)
 {
     return QFile::encodeName(text).toStdString();
+}
+
+/// A pasted text may hold line ends, which would tear a line of the file in two.
+QString oneLine(QString text)
+{
+    return text.replace(QLatin1Char('\r'), QLatin1Char(' ')).replace(QLatin1Char('\n'), QLatin1Char(' '));
 }
 
 template <class Widget>
@@ -130,6 +140,9 @@ QGroupBox* frmSkupinyPrachu::makeGroupsFrame()
     lstSkupiny->setAccessibleName(frame->title());
     lstSkupiny->setEditTriggers(QAbstractItemView::NoEditTriggers);
     lstSkupiny->setUniformItemSizes(true);
+    // Not by a click: see the filter of its viewport.
+    lstSkupiny->setFocusPolicy(Qt::TabFocus);
+    lstSkupiny->viewport()->installEventFilter(this);
     cmdNew = named(dialogButton(*this, QStringLiteral("&Nová"), {}), "cmdNew");
     cmdDel = named(dialogButton(*this, QStringLiteral("&Zruš"), {}), "cmdDel");
     auto* const buttons = new QHBoxLayout;
@@ -152,6 +165,8 @@ QGroupBox* frmSkupinyPrachu::makeDetailFrame()
     // A semicolon would cut the name when the file is read again.
     filterKeys(*txtNazevSkupiny, [](int keyCode) { return keyCode != ';'; });
     lsvPrach = named(new QTableView(m_detail), "lsvPrach");
+    // A table does not take its label's text for a name.
+    lsvPrach->setAccessibleName(QStringLiteral("Prachové částice"));
 
     auto* const layout = new QGridLayout(m_detail);
     layout->addWidget(labelOf(txtSkupina, QStringLiteral("Číslo:")), 0, 0);
@@ -216,9 +231,9 @@ QGroupBox* frmSkupinyPrachu::makeFileFrame()
     return frame;
 }
 
-void frmSkupinyPrachu::guarded(void (frmSkupinyPrachu::*command)())
+bool frmSkupinyPrachu::guarded(void (frmSkupinyPrachu::*command)())
 {
-    runGuarded(m_shell.boxes, this, [this, command] { (this->*command)(); });
+    return runGuarded(m_shell.boxes, this, [this, command] { (this->*command)(); });
 }
 
 void frmSkupinyPrachu::connectWidgets()
@@ -251,6 +266,16 @@ void frmSkupinyPrachu::switchDetail(bool on)
     }
 }
 
+/// No group is shown: nothing can be typed that would be stored under another group's number.
+void frmSkupinyPrachu::clearDetail()
+{
+    switchDetail(false);
+    txtSkupina->clear();
+    txtNazevSkupiny->clear();
+    m_particles->set({});
+    m_particles->clearFields();
+}
+
 void frmSkupinyPrachu::refillGroups()
 {
     m_groupList->refill();
@@ -259,7 +284,7 @@ void frmSkupinyPrachu::refillGroups()
 std::optional<std::size_t> frmSkupinyPrachu::selectedGroup() const
 {
     const QModelIndexList selected = lstSkupiny->selectionModel()->selectedIndexes();
-    if (selected.isEmpty())
+    if (selected.isEmpty() || static_cast<std::size_t>(selected.front().row()) >= m_groups.count())
         return std::nullopt;
     return static_cast<std::size_t>(selected.front().row());
 }
@@ -270,12 +295,9 @@ void frmSkupinyPrachu::showSelectedGroup()
     if (!selected)
         return;
     const std::string line = m_groups.line(*selected);
-    m_particles->set({});
-    m_particles->clearFields();
-    txtSkupina->clear();
-    txtNazevSkupiny->setText(toQString(groupNameOf(line)));
     // A line without particle data must not be stored again over the group shown before.
-    switchDetail(false);
+    clearDetail();
+    txtNazevSkupiny->setText(toQString(groupNameOf(line)));
     if (!hasParticlePart(line))
         return;
     const DustGroup group = DustGroup::parse(line);
@@ -289,7 +311,7 @@ void frmSkupinyPrachu::storeShownGroup()
 {
     DustGroup group;
     group.SkupinaCislo = readInteger(txtSkupina->text().toStdString());
-    group.SkupinaNazev = txtNazevSkupiny->text().replace(QLatin1Char(';'), QLatin1Char(',')).toStdString();
+    group.SkupinaNazev = oneLine(txtNazevSkupiny->text()).replace(QLatin1Char(';'), QLatin1Char(',')).toStdString();
     group.Castice = m_particles->list();
     m_groups.store(group);
     txtNazevSkupiny->setModified(false);
@@ -351,11 +373,7 @@ void frmSkupinyPrachu::newFile()
     txtFile->setText(QStringLiteral("<nový soubor>"));
     m_groups.clear();
     refillGroups();
-    txtSkupina->clear();
-    txtNazevSkupiny->clear();
-    m_particles->set({});
-    m_particles->clearFields();
-    switchDetail(false);
+    clearDetail();
     m_changed = true;
 }
 
@@ -378,6 +396,7 @@ void frmSkupinyPrachu::FileName(const std::string& path)
 void frmSkupinyPrachu::OtevriSkupiny(const std::string& path, GroupListAfterReading list)
 {
     m_groups.clear();
+    clearDetail();
     std::string comment;
     const Result<void> read = readGroupsFile(path, [this, &comment](std::string_view line) {
         const std::string_view trimmed = trimBlanks(line);
@@ -407,7 +426,7 @@ void frmSkupinyPrachu::OtevriSkupiny(const std::string& path, GroupListAfterRead
 void frmSkupinyPrachu::UlozSkupiny(const std::string& path)
 {
     const SafetyCopies copies(QFile::encodeName(stateFolder()).toStdString());
-    const Result<void> saved = saveGroupsFile(path, txtKomentar->text().toStdString(), m_groups, copies);
+    const Result<void> saved = saveGroupsFile(path, oneLine(txtKomentar->text()).toStdString(), m_groups, copies);
     m_saveFailed = !saved.ok();
     if (m_saveFailed) {
         m_shell.boxes.show(this,
@@ -434,9 +453,8 @@ void frmSkupinyPrachu::reject()
             return;
         if (answer == BoxAnswer::Yes) {
             m_saveFailed = false;
-            guarded(&frmSkupinyPrachu::saveFile);
             // A cancelled save dialog closes all the same; after a failed save the groups are nowhere but here.
-            if (m_saveFailed)
+            if (!guarded(&frmSkupinyPrachu::saveFile) || m_saveFailed)
                 return;
         }
     }
@@ -447,6 +465,30 @@ void frmSkupinyPrachu::done(int result)
 {
     m_placement->store();
     QDialog::done(result);
+}
+
+/// Before a press in the group list is handled. Leaving the name stores the shown group and moves it to the end; the
+/// press must still choose the group that was under the pointer, not the one that has come to stand there.
+void frmSkupinyPrachu::takeFocusFromName(const QPoint& position)
+{
+    const QModelIndex pressed = lstSkupiny->indexAt(position);
+    const std::string line = pressed.isValid() ? m_groups.line(static_cast<std::size_t>(pressed.row())) : std::string();
+    lstSkupiny->setFocus(Qt::MouseFocusReason);
+    if (!pressed.isValid())
+        return;
+    const std::vector<std::string>& lines = m_groups.lines();
+    auto now = std::find(lines.begin(), lines.end(), line);
+    if (now == lines.end()) {
+        // It was the shown group itself, stored with another name.
+        const std::int32_t number = groupNumberOf(line);
+        now = std::find_if(lines.begin(), lines.end(),
+            [number](const std::string& stored) { return groupNumberOf(stored) == number; });
+    }
+    if (now == lines.end())
+        return;
+    m_pressedGroup = static_cast<int>(now - lines.begin());
+    if (m_pressedGroup != pressed.row())
+        QTimer::singleShot(0, this, [this] { lstSkupiny->setCurrentIndex(m_groupList->index(m_pressedGroup)); });
 }
 
 void frmSkupinyPrachu::keyPressEvent(QKeyEvent* event)
@@ -468,6 +510,8 @@ bool frmSkupinyPrachu::eventFilter(QObject* watched, QEvent* event)
         if (leaves && txtNazevSkupiny->isEnabled())
             guarded(&frmSkupinyPrachu::storeShownGroup);
     }
+    if (watched == lstSkupiny->viewport() && event->type() == QEvent::MouseButtonPress)
+        takeFocusFromName(static_cast<QMouseEvent*>(event)->pos());
     return QDialog::eventFilter(watched, event);
 }
 

@@ -73,10 +73,12 @@ private:
     QGroupBox* makeParticleFrame();
     QGroupBox* makeFileFrame();
     void connectWidgets();
-    void guarded(void (frmSkupinyPrachu::*command)());
+    bool guarded(void (frmSkupinyPrachu::*command)());
 
     void switchDetail(bool on);
+    void clearDetail();
     void refillGroups();
+    void takeFocusFromName(const QPoint& position);
     [[nodiscard]] std::optional<std::size_t> selectedGroup() const;
     void showSelectedGroup();
     void storeShownGroup();
@@ -95,6 +97,7 @@ private:
     std::string m_fileName;
     bool m_changed = false;
     bool m_saveFailed = false;
+    int m_pressedGroup = 0;
     GroupListModel* m_groupList;
     ParticleFields* m_particles = nullptr;
 

@@ -111,8 +111,14 @@ void frmKORVEXZDR::buildFileFilters()
     const std::string title = version::applicationTitle;
     for (std::size_t i = 0; i < globals.fileFilters.size(); ++i) {
         const std::string& extension = globals.defaultExtensions[i];
-        globals.fileFilters[i]
-            = "Datové soubory " + title + " (*." + extension + ")| *." + extension + "|Všechny soubory (*.*)|*.*";
+        std::string& filter = globals.fileFilters[i];
+        filter = "Datové soubory ";
+        filter += title;
+        filter += " (*.";
+        filter += extension;
+        filter += ")| *.";
+        filter += extension;
+        filter += "|Všechny soubory (*.*)|*.*";
     }
 }
 

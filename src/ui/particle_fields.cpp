@@ -79,8 +79,7 @@ ParticleFields::ParticleFields(QTableView& lsvPrach, QLineEdit& txtPrumer, QLine
     m_table.verticalHeader()->setDefaultSectionSize(m_table.fontMetrics().lineSpacing() + 4);
     m_table.horizontalHeader()->setHighlightSections(false);
     m_table.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    m_table.horizontalHeader()->setStretchLastSection(true);
-    // The stored widths give a proportion; what a number of seven digits needs gives the size.
+    // What a number of seven digits needs gives the size, the widths give the proportion.
     const int numberWidth = m_table.fontMetrics().horizontalAdvance(QStringLiteral("0.0000000000"));
     m_table.setColumnWidth(0, numberWidth);
     m_table.setColumnWidth(1, numberWidth * shareWidth / diameterWidth);
