@@ -28,21 +28,26 @@ Result<void> readGroupsFile(
     }
 }
 
-Result<void> saveGroupsFile(const std::string& path, std::string_view comment, const GroupLines& groups,
-    const SafetyCopies& copies, FileCalls& calls)
+Result<std::vector<std::size_t>> saveGroupsFile(const std::string& path, std::string_view comment,
+    const GroupLines& groups, const SafetyCopies& copies, FileCalls& calls)
 {
     std::vector<Replacement> replacement(1);
     replacement.front().path = path;
-    OutputBytes& bytes = replacement.front().bytes;
-    const auto appendLine = [&bytes](std::string_view line) {
-        std::string& room = bytes.room();
-        appendCodePage(room, line);
+    std::vector<std::size_t> replacedLines;
+    std::size_t lineNumber = 0;
+    const auto appendLine = [&](std::string_view line) {
+        ++lineNumber;
+        std::string& room = replacement.front().bytes.room();
+        if (appendCodePage(room, line) > 0)
+            replacedLines.push_back(lineNumber);
         room += "\r\n";
     };
     appendLine(";" + std::string(trimBlanks(comment)));
     for (const std::string& line : groups.lines())
         appendLine(line);
-    return replaceFiles(replacement, copies, calls);
+    if (const Result<void> replaced = replaceFiles(replacement, copies, calls); !replaced.ok())
+        return replaced.error();
+    return replacedLines;
 }
 
 }  // namespace korvex

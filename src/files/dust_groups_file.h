@@ -5,9 +5,11 @@
 #include "file_error.h"
 #include "safety_copies.h"
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvex {
 
@@ -19,7 +21,8 @@ class GroupLines;
     const std::function<void(std::string_view line)>& take, FileCalls& calls = FileCalls::system());
 
 /// Replaces the file's contents by the comment line (trimmed; ";" alone when empty) and the group lines as they stand.
-[[nodiscard]] Result<void> saveGroupsFile(const std::string& path, std::string_view comment, const GroupLines& groups,
-    const SafetyCopies& copies, FileCalls& calls = FileCalls::system());
+/// Gives the lines of the file, from 1, in which a character that the code page lacks was written as "?".
+[[nodiscard]] Result<std::vector<std::size_t>> saveGroupsFile(const std::string& path, std::string_view comment,
+    const GroupLines& groups, const SafetyCopies& copies, FileCalls& calls = FileCalls::system());
 
 }  // namespace korvex

@@ -1,6 +1,7 @@
 #include "dust_group_editor.h"
 
 #include "blanks.h"
+#include "detail_lines.h"
 #include "dialog_buttons.h"
 #include "dust_groups_file.h"
 #include "field_behaviour.h"
@@ -40,6 +41,9 @@ namespace {
 
 const QString fileFilter
     = QStringLiteral("Soubory s popisem prachu (*.spr)|*.spr|Textové soubory (*.txt)|*.txt|Všechny soubory (*.*)|*.*");
+
+const QString writeErrorTitle = QStringLiteral("Chyba při zápisu do souboru");
+const QString saveTitle = QStringLiteral("Uložení skupin prachu");
 
 QString toQString(std::string_view utf8)
 {
@@ -380,9 +384,16 @@ void frmSkupinyPrachu::newFile()
 void frmSkupinyPrachu::saveFile()
 {
     std::string path = m_shell.globals.dustGroupsPath;
+    if (m_shell.globals.commandLineMode && m_readBrokeOff) {
+        m_saveFailed = true;
+        m_shell.boxes.show(this,
+            {writeErrorTitle,
+                QStringLiteral("Soubor se nepodařilo celý načíst, proto nebude přepsán.\n\n") + pathText(path),
+                BoxIcon::Critical, BoxButtons::Ok, {}});
+        return;
+    }
     if (!m_shell.globals.commandLineMode)
-        path = pathOf(m_shell.fileDialogs.saveFile(
-            this, QStringLiteral("Uložení skupin prachu"), fileFilter, FilePurpose::DustGroups));
+        path = pathOf(m_shell.fileDialogs.saveFile(this, saveTitle, fileFilter, FilePurpose::DustGroups));
     if (!path.empty())
         UlozSkupiny(path);
 }
@@ -407,6 +418,8 @@ void frmSkupinyPrachu::OtevriSkupiny(const std::string& path, GroupListAfterRead
         else if (trimBlanks(comment).empty())
             comment = trimmed.substr(1);
     });
+    // A file that is not there yet can be made by saving; one that is there must not be replaced by a part of it.
+    m_readBrokeOff = !read.ok() && QFile::exists(pathText(path));
     if (!read.ok()) {
         refillGroups();
         m_shell.boxes.show(this,
@@ -426,12 +439,12 @@ void frmSkupinyPrachu::OtevriSkupiny(const std::string& path, GroupListAfterRead
 void frmSkupinyPrachu::UlozSkupiny(const std::string& path)
 {
     const SafetyCopies copies(QFile::encodeName(stateFolder()).toStdString());
-    const Result<void> saved = saveGroupsFile(path, oneLine(txtKomentar->text()).toStdString(), m_groups, copies);
+    const Result<std::vector<std::size_t>> saved
+        = saveGroupsFile(path, oneLine(txtKomentar->text()).toStdString(), m_groups, copies);
     m_saveFailed = !saved.ok();
     if (m_saveFailed) {
-        m_shell.boxes.show(this,
-            {QStringLiteral("Chyba při zápisu do souboru"), toQString(saved.error().message()), BoxIcon::Critical,
-                BoxButtons::Ok, {}});
+        m_shell.boxes.show(
+            this, {writeErrorTitle, toQString(saved.error().message()), BoxIcon::Critical, BoxButtons::Ok, {}});
         return;
     }
     m_changed = false;
@@ -439,6 +452,17 @@ void frmSkupinyPrachu::UlozSkupiny(const std::string& path)
     m_fileName = path;
     if (!m_shell.globals.iniPath.empty())
         iniWrite(m_shell.globals.iniPath, "Global", "VstZdrojSkupTxt", path);
+    reportReplacedCharacters(saved.value());
+}
+
+void frmSkupinyPrachu::reportReplacedCharacters(const std::vector<std::size_t>& lines)
+{
+    if (lines.empty())
+        return;
+    const QString text = QStringLiteral("Některé znaky nelze v souboru uložit a byly nahrazeny otazníkem.\n"
+                                        "Počet řádků, kterých se to týká: %1.");
+    const QString details = detailLines(lines, [](std::size_t line) { return QStringLiteral("řádek %1").arg(line); });
+    m_shell.boxes.show(this, {saveTitle, text.arg(lines.size()), BoxIcon::Exclamation, BoxButtons::Ok, details});
 }
 
 void frmSkupinyPrachu::reject()

@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <vector>
 
 class QGroupBox;
 class QLineEdit;
@@ -90,6 +91,7 @@ private:
     void openFile();
     void newFile();
     void saveFile();
+    void reportReplacedCharacters(const std::vector<std::size_t>& lines);
 
     Shell& m_shell;
     FreePlacement* m_placement;
@@ -97,6 +99,7 @@ private:
     std::string m_fileName;
     bool m_changed = false;
     bool m_saveFailed = false;
+    bool m_readBrokeOff = false;
     int m_pressedGroup = 0;
     GroupListModel* m_groupList;
     ParticleFields* m_particles = nullptr;

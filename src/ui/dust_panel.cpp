@@ -17,6 +17,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QPushButton>
 #include <QTableView>
 
@@ -45,6 +46,14 @@ void uscPrach::buildWidgets()
     SelectAllText(*txtHustota);
     cboPrachoveSkupiny = new QComboBox(this);
     cboPrachoveSkupiny->setObjectName(QStringLiteral("cboPrachoveSkupiny"));
+    auto* const groups = new QListView(cboPrachoveSkupiny);
+    // Else every one of a hundred thousand groups is measured when the list drops down.
+    groups->setUniformItemSizes(true);
+    groups->setAccessibleName(QStringLiteral("Seznam skupin prachu"));
+    cboPrachoveSkupiny->setView(groups);
+    constexpr int shownCharacters = 30;
+    cboPrachoveSkupiny->setMinimumContentsLength(shownCharacters);
+    cboPrachoveSkupiny->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     cboPrachoveSkupiny->setToolTip(QStringLiteral("Seznam skupin prachu"));
     cmdSkupinyPrachu = new QPushButton(QStringLiteral("Editace prachových skupin"), this);
     cmdSkupinyPrachu->setObjectName(QStringLiteral("cmdSkupinyPrachu"));

@@ -1,6 +1,7 @@
 #include "load_save.h"
 
 #include "clipboard_text.h"
+#include "detail_lines.h"
 #include "duplicate_report.h"
 #include "dust_group_editor.h"
 #include "files_dialogs.h"
@@ -13,11 +14,7 @@
 #include "window_progress.h"
 
 #include <QFile>
-#include <QStringList>
 
-#include <algorithm>
-#include <cstddef>
-#include <span>
 #include <vector>
 
 namespace korvex {
@@ -26,20 +23,6 @@ namespace {
 
 const QString loadTitle = QStringLiteral("Načtení seznamu zdrojů");
 const QString saveTitle = QStringLiteral("Uložení seznamu zdrojů");
-
-/// A report can name a million records; nobody reads more than the first ones.
-constexpr std::size_t mostDetails = 1000;
-
-template <class Item, class Text>
-QString detailLines(const std::vector<Item>& items, Text text)
-{
-    QStringList lines;
-    for (const Item& item : std::span(items).first(std::min(items.size(), mostDetails)))
-        lines << text(item);
-    if (items.size() > mostDetails)
-        lines << QStringLiteral("… a dalších %1").arg(items.size() - mostDetails);
-    return lines.join(QLatin1Char('\n'));
-}
 
 void reportRecords(frmKORVEXZDR& window, const QString& text, const std::vector<RecordPlace>& places)
 {

@@ -38,7 +38,7 @@ ReadLines linesOf(const std::string& path, FileCalls& calls = FileCalls::system(
 
 class DustGroupsFile : public testing::Test {
 protected:
-    [[nodiscard]] Result<void> save(std::string_view comment, const std::string& name = "a.spr")
+    [[nodiscard]] Result<std::vector<std::size_t>> save(std::string_view comment, const std::string& name = "a.spr")
     {
         return saveGroupsFile(folder.path(name), comment, groups, SafetyCopies(folder.path("copies")), calls);
     }
@@ -148,6 +148,18 @@ TEST_F(DustGroupsFile, LongerContentsAreReplacedWhole)
     EXPECT_EQ(folder.bytes("a.spr"), ";k\r\n1,0;A\r\n");
 }
 
+TEST_F(DustGroupsFile, LinesWithACharacterThatTheCodePageLacksAreNamed)
+{
+    groups.append("1,0;Prach");
+    groups.append("2,0;Zr\xC3\xA1\xCE\xBC");
+    groups.append("99999999999,0;\xCE\xBC");
+    const Result<std::vector<std::size_t>> saved = save("\xE2\x89\xA4 10");
+    ASSERT_TRUE(saved.ok());
+    EXPECT_THAT(saved.value(), ElementsAre(1U, 3U, 4U));
+    EXPECT_EQ(folder.bytes("a.spr"), ";? 10\r\n1,0;Prach\r\n2,0;Zr\xE1?\r\n99999999999,0;?\r\n");
+    EXPECT_THAT(save("Prach").value(), ElementsAre(3U, 4U));
+}
+
 TEST_F(DustGroupsFile, LinkStaysALink)
 {
     folder.write("real.spr", ";old\r\n");
@@ -173,7 +185,7 @@ TEST_F(DustGroupsFile, ReplacedContentsAreCopiedFirst)
 
 TEST_F(DustGroupsFile, FullDeviceIsAnErrorOfWriting)
 {
-    const Result<void> saved
+    const Result<std::vector<std::size_t>> saved
         = saveGroupsFile("/dev/full", "x", groups, SafetyCopies(folder.path("copies")), FileCalls::system());
     ASSERT_FALSE(saved.ok());
     EXPECT_THAT(saved.error().description, testing::StartsWith("Na disku není dost místa."));
@@ -202,7 +214,8 @@ TEST_F(DustGroupsFile, EveryFailingCallLeavesTheOldFileOrTheBeginningOfTheNewOne
         folder.write("a.spr", old);
         FailingFileCalls broken;
         broken.failCall(failing, ENOSPC);
-        const Result<void> saved = saveGroupsFile(folder.path("a.spr"), "new", groups, SafetyCopies(""), broken);
+        const Result<std::vector<std::size_t>> saved
+            = saveGroupsFile(folder.path("a.spr"), "new", groups, SafetyCopies(""), broken);
         cameThrough = broken.count() < failing;
         const std::string bytes = folder.bytes("a.spr");
         EXPECT_EQ(broken.openFiles(), 0U);

@@ -172,6 +172,9 @@ private slots:
     void newFileClearsAndKeepsCommentAndFileName();
     void commandLineModeHidesTheFileButtonsAndSavesStraight();
     void commandLineModeWithoutAPathSavesNothing();
+    void commandLineModeMakesAFileThatIsNotThereYet();
+    void commandLineModeDoesNotReplaceWhatItCouldNotRead();
+    void linesWithReplacedCharactersAreReported();
     void goldenFiles_data();
     void goldenFiles();
 
@@ -893,6 +896,61 @@ void DustGroupEditorTest::commandLineModeWithoutAPathSavesNothing()
         QCOMPARE(harness().boxes.shown().size(), 1);
         QCOMPARE(editor.FileName(), std::string());
     });
+}
+
+void DustGroupEditorTest::commandLineModeMakesAFileThatIsNotThereYet()
+{
+    const std::string path = QFile::encodeName(harness().path(QStringLiteral("nove.spr"))).toStdString();
+    static_cast<void>(harness().window());
+    harness().globals.commandLineMode = true;
+    harness().globals.dustGroupsPath = path;
+    harness().boxes.answerNext(BoxAnswer::Ok);
+    inEditor(path, [&](frmSkupinyPrachu& editor) {
+        press(editor, "cmdNew");
+        harness().boxes.answerNext(BoxAnswer::Yes);
+        press(editor, "cmdStorno");
+        QVERIFY(!editor.isVisible());
+        QCOMPARE(harness().bytes(QStringLiteral("nove.spr")), QByteArray(";\r\n1,0;Nov\xe1 skupina 1\r\n"));
+    });
+}
+
+/// Only a part of the file is in the editor, or nothing.
+void DustGroupEditorTest::commandLineModeDoesNotReplaceWhatItCouldNotRead()
+{
+    const QString folder = harness().path(QStringLiteral("slozka.spr"));
+    QVERIFY(QDir().mkdir(folder));
+    static_cast<void>(harness().window());
+    harness().globals.commandLineMode = true;
+    harness().globals.dustGroupsPath = QFile::encodeName(folder).toStdString();
+    harness().boxes.answerNext(BoxAnswer::Ok);
+    inEditor(harness().globals.dustGroupsPath, [&](frmSkupinyPrachu& editor) {
+        press(editor, "cmdNew");
+        harness().boxes.answerNext(BoxAnswer::Yes);
+        harness().boxes.answerNext(BoxAnswer::Ok);
+        press(editor, "cmdStorno");
+        QCOMPARE(describe(harness().boxes.shown().last()),
+            QStringLiteral("[Critical] Chyba při zápisu do souboru | "
+                           "Soubor se nepodařilo celý načíst, proto nebude přepsán.\n\n%1 | Ok | ")
+                .arg(folder));
+        QVERIFY(editor.isVisible());
+    });
+}
+
+void DustGroupEditorTest::linesWithReplacedCharactersAreReported()
+{
+    inEditor(fileOf({QStringLiteral(";K"), QStringLiteral("1,0;A"), QStringLiteral("2,0;B")}),
+        [&](frmSkupinyPrachu& editor) {
+            child<QLineEdit>(editor, "txtKomentar").setText(QStringLiteral("≤ 10 µm"));
+            choose(editor, 1);
+            child<QLineEdit>(editor, "txtNazevSkupiny").setText(QStringLiteral("α"));
+            press(editor, "cmdAdd");
+            harness().boxes.answerNext(BoxAnswer::Ok);
+            QCOMPARE(savedBy(editor), QByteArray(";? 10 \xb5m\r\n1,0;A\r\n2,0;?\r\n"));
+            QCOMPARE(describe(harness().boxes.shown().last()),
+                QStringLiteral("[Exclamation] Uložení skupin prachu | "
+                               "Některé znaky nelze v souboru uložit a byly nahrazeny otazníkem.\n"
+                               "Počet řádků, kterých se to týká: 2. | Ok | řádek 1\nřádek 3"));
+        });
 }
 
 void DustGroupEditorTest::goldenFiles_data()
