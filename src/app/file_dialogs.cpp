@@ -23,6 +23,8 @@ void prepare(QFileDialog& dialog, const FileQuestion& question)
     dialog.setNameFilter(toolkitFilter(question.filter));
     dialog.setWindowModality(Qt::WindowModal);
     dialog.setOption(QFileDialog::DontUseNativeDialog);
+    // The descriptions themselves tell the patterns.
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setDirectory(question.folder);
     // All columns of the list are seen.
     const QFontMetrics metrics = dialog.fontMetrics();
@@ -110,14 +112,11 @@ QString toolkitFilter(const QString& filter)
     const QStringList parts = filter.split(QLatin1Char('|'));
     QStringList filters;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        QString description = parts[i].trimmed();
         QString pattern = parts[i + 1].trimmed();
-        const QString shown = QLatin1Char('(') + pattern + QLatin1Char(')');
-        if (description.endsWith(shown))
-            description.chop(shown.size());
+        // The toolkit would take it to hide names without a dot.
         if (pattern == QStringLiteral("*.*"))
             pattern = QStringLiteral("*");
-        filters << description.trimmed() + QStringLiteral(" (") + pattern + QLatin1Char(')');
+        filters << parts[i].trimmed() + QStringLiteral(" (") + pattern + QLatin1Char(')');
     }
     return filters.join(QStringLiteral(";;"));
 }

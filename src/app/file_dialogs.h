@@ -70,8 +70,8 @@ private:
 /// The path without its file name part; the separator at the end stays.
 [[nodiscard]] QString folderPart(const QString& path);
 
-/// "description|pattern|…" as the toolkit writes filters. A pattern that the description ends with is not said twice,
-/// and "*.*" becomes "*", for names without a dot are files too.
+/// "description|pattern|…" as the toolkit writes filters. "*.*" becomes "*", for names without a dot are files
+/// too. The dialogs show the descriptions alone.
 [[nodiscard]] QString toolkitFilter(const QString& filter);
 
 }  // namespace korvex

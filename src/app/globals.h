@@ -25,6 +25,8 @@ struct Globals {
     std::int32_t numberColumnWidth = 1755;  // twips
     std::int32_t nameColumnWidth = 3360;    // twips
 
+    int lastEditorTab = 0;  // the tab that a source editor was left on, also for editors of the other types; not stored
+
     /// The user's, of the system's locale; in UTF-8. Found once at start-up.
     std::string decimalSeparator = ".";
 

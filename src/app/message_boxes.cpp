@@ -2,8 +2,12 @@
 
 #include "version.h"
 
+#include <QApplication>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSpacerItem>
 
 #include <map>
 
@@ -30,6 +34,17 @@ QMessageBox::Icon toolkitIcon(BoxIcon icon)
 QString breakable(QString text)
 {
     return text.replace(QLatin1Char('/'), QStringLiteral("/\u200B"));
+}
+
+/// A title names the operation: a box with a short text must not be narrower.
+void makeRoomForTitle(QMessageBox& box)
+{
+    constexpr int windowButtons = 16;  // in characters
+    const QFontMetrics metrics(QApplication::font("QMdiSubWindowTitleBar"));
+    const int width = metrics.horizontalAdvance(box.windowTitle()) + windowButtons * metrics.averageCharWidth();
+    auto* const layout = qobject_cast<QGridLayout*>(box.layout());
+    if (layout != nullptr)
+        layout->addItem(new QSpacerItem(width, 0), layout->rowCount(), 0, 1, layout->columnCount());
 }
 
 std::map<QAbstractButton*, BoxAnswer> addButtons(QMessageBox& box, BoxButtons buttons)
@@ -62,6 +77,7 @@ BoxAnswer ToolkitMessageBoxes::show(QWidget* parent, const BoxRequest& request)
     // Not application-modal: the help window must take input beside it.
     box.setWindowModality(parent != nullptr ? Qt::WindowModal : Qt::ApplicationModal);
     const auto answers = addButtons(box, request.buttons);
+    makeRoomForTitle(box);
     box.exec();
     const auto answer = answers.find(box.clickedButton());
     // A box that is closed with the program has no clicked button: nothing is lost by staying.

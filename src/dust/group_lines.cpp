@@ -1,8 +1,10 @@
 #include "group_lines.h"
 
+#include "arithmetic_fault.h"
 #include "number_text.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace korvex {
 
@@ -22,7 +24,9 @@ std::int32_t GroupLines::newNumber() const
     std::int32_t largest = groupNumberOf(m_lines.front());
     for (const std::string& line : m_lines)
         largest = std::max(largest, groupNumberOf(line));
-    return roundToInteger(1.0 + largest);
+    if (largest == std::numeric_limits<std::int32_t>::max())
+        throw ArithmeticFault(FaultKind::Overflow, "číslo nové skupiny za skupinou " + integerText(largest));
+    return largest + 1;
 }
 
 }  // namespace korvex

@@ -30,7 +30,9 @@ void ParticleList::read(std::string_view text, std::size_t skipped, std::int32_t
     const std::int64_t fieldCount = 1 + std::count(text.begin(), text.end(), ',');
     const std::int64_t present = std::max<std::int64_t>(fieldCount - static_cast<std::int64_t>(skipped), 0) / 2;
     if (count > present + mostMissing)
-        throw ArithmeticFault(FaultKind::Overflow, "počet částic " + integerText(count));
+        throw ArithmeticFault(FaultKind::Overflow,
+            "počet částic " + integerText(count) + ", na řádku je jich jen "
+                + integerText(static_cast<std::int32_t>(present)));
 
     std::vector<DustParticle> particles;
     particles.reserve(static_cast<std::size_t>(std::max(count, 0)));

@@ -8,7 +8,7 @@ namespace korvex {
 std::string FileError::message() const
 {
     const std::string place = line > 0 ? "Řádek " + std::to_string(line) + ": " : "";
-    return place + description + "\n\n" + path;
+    return place + description + (path.empty() ? "" : "\n\n" + path);
 }
 
 std::string systemErrorText(int errorNumber)

@@ -17,7 +17,7 @@ struct FileError {
     std::size_t line = 0;     // from 1; 0 when no line is to blame
     std::string description;  // what went wrong, in Czech
 
-    /// The text of the error's message box: the line, the description, an empty line, the path.
+    /// The text of the error's message box: the line, the description, an empty line, the path if there is one.
     [[nodiscard]] std::string message() const;
 };
 

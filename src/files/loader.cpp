@@ -44,23 +44,27 @@ struct OpenFiles {
     std::optional<InputFile> dust;
 };
 
-Result<InputFile> openAnnounced(const std::string& path, ProgressListener& listener, FileCalls& calls)
+/// contents: what the file holds, for the one that has no name.
+Result<InputFile> openAnnounced(
+    const std::string& path, const char* contents, ProgressListener& listener, FileCalls& calls)
 {
+    if (path.empty())
+        return FileError{FileStep::Open, path, 0, std::string("Není zadán soubor s ") + contents + "."};
     listener.statusText("Otevírám " + path);
     return InputFile::open(path, calls);
 }
 
 Result<OpenFiles> openFiles(const SourceFiles& files, ProgressListener& listener, FileCalls& calls)
 {
-    Result<InputFile> points = openAnnounced(files.points, listener, calls);
+    Result<InputFile> points = openAnnounced(files.points, "body", listener, calls);
     if (!points.ok())
         return points.error();
-    Result<InputFile> description = openAnnounced(files.description, listener, calls);
+    Result<InputFile> description = openAnnounced(files.description, "popisem", listener, calls);
     if (!description.ok())
         return description.error();
     OpenFiles open{std::move(points.value()), std::move(description.value()), std::nullopt};
     if (!files.dust.empty()) {
-        Result<InputFile> dust = openAnnounced(files.dust, listener, calls);
+        Result<InputFile> dust = openAnnounced(files.dust, "prachem", listener, calls);
         if (!dust.ok())
             return dust.error();
         open.dust.emplace(std::move(dust.value()));

@@ -60,12 +60,6 @@ std::string pathOf(const QString& text)
     return QFile::encodeName(text).toStdString();
 }
 
-/// A pasted text may hold line ends, which would tear a line of the file in two.
-QString oneLine(QString text)
-{
-    return text.replace(QLatin1Char('\r'), QLatin1Char(' ')).replace(QLatin1Char('\n'), QLatin1Char(' '));
-}
-
 template <class Widget>
 Widget* named(Widget* widget, const char* name)
 {
@@ -215,7 +209,7 @@ QGroupBox* frmSkupinyPrachu::makeFileFrame()
     txtKomentar = named(new QLineEdit(frame), "txtKomentar");
     SelectAllText(*txtKomentar);
     cmdOpenFile = named(dialogButton(*this, QStringLiteral("&Otevři"), {}), "cmdOpenFile");
-    cmdNewFile = named(dialogButton(*this, QStringLiteral("N&ový"), {}), "cmdNewFile");
+    cmdNewFile = named(dialogButton(*this, QStringLiteral("No&vý"), {}), "cmdNewFile");
     cmdSaveFile = named(dialogButton(*this, QStringLiteral("&Ulož"), {}), "cmdSaveFile");
     // A caller's editor works on the caller's file alone.
     for (QPushButton* const button : {cmdOpenFile, cmdNewFile, cmdSaveFile})
@@ -315,15 +309,17 @@ void frmSkupinyPrachu::storeShownGroup()
 {
     DustGroup group;
     group.SkupinaCislo = readInteger(txtSkupina->text().toStdString());
-    group.SkupinaNazev = oneLine(txtNazevSkupiny->text()).replace(QLatin1Char(';'), QLatin1Char(',')).toStdString();
+    group.SkupinaNazev = lineText(*txtNazevSkupiny);
+    std::replace(group.SkupinaNazev.begin(), group.SkupinaNazev.end(), ';', ',');
     group.Castice = m_particles->list();
     m_groups.store(group);
-    txtNazevSkupiny->setModified(false);
+    // As it was stored: without what a paste may have brought.
+    txtNazevSkupiny->setText(toQString(group.SkupinaNazev));
     refillGroups();
     m_changed = true;
 }
 
-/// A name that was typed but not yet left, so that closing by a key does not lose it.
+/// A name that was typed but not yet left, so that closing or saving by a key does not lose it.
 void frmSkupinyPrachu::storeEditedName()
 {
     if (txtNazevSkupiny->isEnabled() && txtNazevSkupiny->isModified())
@@ -383,6 +379,7 @@ void frmSkupinyPrachu::newFile()
 
 void frmSkupinyPrachu::saveFile()
 {
+    storeEditedName();
     std::string path = m_shell.globals.dustGroupsPath;
     if (m_shell.globals.commandLineMode && m_readBrokeOff) {
         m_saveFailed = true;
@@ -439,8 +436,7 @@ void frmSkupinyPrachu::OtevriSkupiny(const std::string& path, GroupListAfterRead
 void frmSkupinyPrachu::UlozSkupiny(const std::string& path)
 {
     const SafetyCopies copies(QFile::encodeName(stateFolder()).toStdString());
-    const Result<std::vector<std::size_t>> saved
-        = saveGroupsFile(path, oneLine(txtKomentar->text()).toStdString(), m_groups, copies);
+    const Result<std::vector<std::size_t>> saved = saveGroupsFile(path, lineText(*txtKomentar), m_groups, copies);
     m_saveFailed = !saved.ok();
     if (m_saveFailed) {
         m_shell.boxes.show(
@@ -501,6 +497,9 @@ void frmSkupinyPrachu::takeFocusFromName(const QPoint& position)
     if (!pressed.isValid())
         return;
     const std::vector<std::string>& lines = m_groups.lines();
+    // Nothing was stored, or behind it: equal lines elsewhere do not matter.
+    if (lines.at(static_cast<std::size_t>(pressed.row())) == line)
+        return;
     auto now = std::find(lines.begin(), lines.end(), line);
     if (now == lines.end()) {
         // It was the shown group itself, stored with another name.

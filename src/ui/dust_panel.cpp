@@ -4,6 +4,7 @@
 #include "dust_group_editor.h"
 #include "dust_groups_file.h"
 #include "field_behaviour.h"
+#include "fields.h"
 #include "globals.h"
 #include "guard.h"
 #include "message_boxes.h"
@@ -149,7 +150,9 @@ std::string uscPrach::Prach() const
     if (cboPrachoveSkupiny->count() == 0)
         return {};
     DustDescription dust;
-    dust.Hustota = NormalizeDecimal(txtHustota->text().toStdString(), m_shell.globals.decimalSeparator);
+    dust.Hustota = NormalizeDecimal(lineText(*txtHustota), m_shell.globals.decimalSeparator);
+    // What a paste leaves behind the number would be read as the group.
+    dust.Hustota = std::string(field(dust.Hustota, ',', 1));
     dust.group = cboPrachoveSkupiny->currentData().toInt();
     dust.particles = m_particles->list();
     return dust.text();

@@ -1,5 +1,6 @@
 #include "field_behaviour.h"
 
+#include "arithmetic_fault.h"
 #include "normalize_decimal.h"
 #include "number_text.h"
 
@@ -7,6 +8,7 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QTabWidget>
 #include <QTimer>
 
 #include <algorithm>
@@ -70,6 +72,29 @@ private:
     bool (*m_accepts)(int);
 };
 
+void bringBeforeUser(QWidget& field)
+{
+    for (QWidget* page = &field; page != nullptr && !page->isWindow(); page = page->parentWidget()) {
+        // A tab's page stands in a stack that the tabs keep to themselves.
+        auto* const tabs
+            = page->parentWidget() ? qobject_cast<QTabWidget*>(page->parentWidget()->parentWidget()) : nullptr;
+        if (tabs != nullptr && tabs->indexOf(page) >= 0)
+            tabs->setCurrentWidget(page);
+    }
+    field.setFocus();
+}
+
+template <class Read>
+auto readField(QLineEdit& field, Read read)
+{
+    try {
+        return read();
+    } catch (const ArithmeticFault&) {
+        bringBeforeUser(field);
+        throw;
+    }
+}
+
 }  // namespace
 
 void filterKeys(QLineEdit& field, bool (*accepts)(int keyCode))
@@ -82,9 +107,27 @@ void SelectAllText(QLineEdit& field)
     field.installEventFilter(new FocusSelection(field));
 }
 
-float fieldSingle(const QLineEdit& field, const std::string& decimalSeparator)
+std::string lineText(const QLineEdit& field)
 {
-    return readSingle(NormalizeDecimal(field.text().toStdString(), decimalSeparator));
+    QString text = field.text();
+    for (const QChar lineEnd : {QLatin1Char('\r'), QLatin1Char('\n')})
+        text.replace(lineEnd, QLatin1Char(' '));
+    return text.toStdString();
+}
+
+float fieldSingle(QLineEdit& field, const std::string& decimalSeparator)
+{
+    return readField(field, [&] { return readSingle(NormalizeDecimal(field.text().toStdString(), decimalSeparator)); });
+}
+
+float plainFieldSingle(QLineEdit& field)
+{
+    return readField(field, [&field] { return readSingle(field.text().toStdString()); });
+}
+
+std::int32_t fieldInteger(QLineEdit& field)
+{
+    return readField(field, [&field] { return readInteger(field.text().toStdString()); });
 }
 
 QString singleFieldText(float value, const std::string& decimalSeparator)

@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <cstdint>
 #include <string>
 
 class QLineEdit;
@@ -45,9 +46,17 @@ void filterKeys(QLineEdit& field, bool (*accepts)(int keyCode));
 /// The field selects its whole text when it gets the focus, also by a click.
 void SelectAllText(QLineEdit& field);
 
+/// A field's text as one line: a pasted text may hold line ends, which would tear a record of a file in two.
+[[nodiscard]] std::string lineText(const QLineEdit& field);
+
 /// The number at the front of a field's text, which may have the user's decimal separator; 0 when there is none.
-/// Throws ArithmeticFault for one out of range.
-[[nodiscard]] float fieldSingle(const QLineEdit& field, const std::string& decimalSeparator);
+/// Throws ArithmeticFault for one out of range; the field is then brought before the user: its tab is shown and it
+/// has the focus.
+[[nodiscard]] float fieldSingle(QLineEdit& field, const std::string& decimalSeparator);
+
+/// The same without the user's decimal separator: only "." is a decimal point, a comma ends the number.
+[[nodiscard]] float plainFieldSingle(QLineEdit& field);
+[[nodiscard]] std::int32_t fieldInteger(QLineEdit& field);
 
 /// A number as fields show it, with the user's decimal separator.
 [[nodiscard]] QString singleFieldText(float value, const std::string& decimalSeparator);

@@ -94,6 +94,8 @@ void FilesDialog::finish()
     cbOk->setObjectName(QStringLiteral("cbOk"));
     buttons.storno->setObjectName(QStringLiteral("cbStorno"));
     buttons.help->setObjectName(QStringLiteral("cbHelp"));
+    // The letter N is the check box's.
+    buttons.help->setText(QStringLiteral("Nápo&věda"));
     connect(cbOk, &QPushButton::clicked, this, &QDialog::accept);
 
     auto* const layout = new QVBoxLayout(this);

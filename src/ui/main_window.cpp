@@ -11,6 +11,7 @@
 #include "message_boxes.h"
 #include "options_dialog.h"
 #include "settings.h"
+#include "source_commands.h"
 #include "version.h"
 #include "window_progress.h"
 
@@ -163,6 +164,15 @@ void frmKORVEXZDR::connectCommands()
     typeCommand(m_menu.mnuSelectBodove, cBodovyZdroj);
     typeCommand(m_menu.mnuSelectPlosne, cPlosnyZdroj);
     typeCommand(m_menu.mnuSelectLiniove, cLiniovyZdroj);
+    command(m_menu.mnuVNastavZdroj, &frmKORVEXZDR::editCurrentSource);
+    const auto newCommand = [this](QAction* action, const SourceType& type) {
+        m_commands.insert(action);
+        connect(action, &QAction::triggered, this,
+            [this, &type] { runGuarded(m_shell.boxes, this, [this, &type] { newSource(*this, type); }); });
+    };
+    newCommand(m_menu.mnuVBodovyZdroj, cBodovyZdroj);
+    newCommand(m_menu.mnuVPlosnyZdroj, cPlosnyZdroj);
+    newCommand(m_menu.mnuVLiniovyZdroj, cLiniovyZdroj);
     connect(m_menu.mnuVybraneZdrojeZnecisteni, &QMenu::aboutToShow, this, &frmKORVEXZDR::updateMenuState);
 }
 
@@ -170,7 +180,8 @@ void frmKORVEXZDR::connectList()
 {
     connect(lsvZdroje, &SourceListView::rowClicked, this, &frmKORVEXZDR::showRowStatus);
     connect(lsvZdroje, &SourceListView::statusOutdated, this, [this] { showStatus({}); });
-    connect(lsvZdroje, &SourceListView::editRequested, this, &frmKORVEXZDR::editCurrentRow);
+    connect(lsvZdroje, &SourceListView::editRequested, this,
+        [this] { runGuarded(m_shell.boxes, this, [this] { editCurrentRow(); }); });
     connect(lsvZdroje, &SourceListView::deleteRequested, m_menu.mnuVZrusVybrane, &QAction::trigger);
     connect(lsvZdroje, &SourceListView::invertRequested, this, &frmKORVEXZDR::invertMarks);
     connect(lsvZdroje, &SourceListView::markAllRequested, this, &frmKORVEXZDR::markAll);
@@ -192,7 +203,7 @@ void frmKORVEXZDR::connectList()
 
 QString frmKORVEXZDR::comment() const
 {
-    return tbKomentar->text();
+    return QString::fromStdString(lineText(*tbKomentar));
 }
 
 void frmKORVEXZDR::comment(const QString& text)
@@ -267,7 +278,10 @@ void frmKORVEXZDR::editDustGroups()
     frmSkupinyPrachu editor(m_shell, this);
     editor.FileName(m_shell.globals.dustGroupsPath);
     editor.exec();
-    m_shell.globals.dustGroupsPath = editor.FileName();
+    // A file that could not be read stays the current one: with its name forgotten, the next source editor would show
+    // a source without its group, and not even say why.
+    if (!editor.FileName().empty())
+        m_shell.globals.dustGroupsPath = editor.FileName();
 }
 
 void frmKORVEXZDR::showOptions()
@@ -303,9 +317,12 @@ void frmKORVEXZDR::showRowStatus(int row)
 
 void frmKORVEXZDR::editCurrentRow()
 {
-    const int row = lsvZdroje->currentRow();
-    if (row >= 0 && !m_list->marked(row))
-        refill();
+    korvex::editCurrentRow(*this);
+}
+
+void frmKORVEXZDR::editCurrentSource()
+{
+    korvex::editCurrentSource(*this);
 }
 
 void frmKORVEXZDR::deleteMarked()

@@ -71,6 +71,7 @@ private:
     void calculateXY();
     void showRowStatus(int row);
     void editCurrentRow();
+    void editCurrentSource();
     void deleteMarked();
     void deleteAll();
     void markByType(std::int32_t typeId);

@@ -100,7 +100,7 @@ QWidget* frmOptions::makeFilesPage()
 
 void frmOptions::takeOver()
 {
-    const std::int32_t number = roundToInteger(std::abs(readReal(tbMinNewID->text().toStdString())));
+    const std::int32_t number = roundToInteger(std::abs(static_cast<double>(fieldInteger(*tbMinNewID))));
     Globals& globals = m_shell.globals;
     globals.acceptMissingDescription = chZaradit->isChecked();
     globals.noDust = chbNoPrach->isChecked() ? 1 : 0;

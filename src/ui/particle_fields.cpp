@@ -115,7 +115,7 @@ void ParticleFields::show(std::size_t row)
     m_share.setText(particleText(particle.Zastoupeni));
 }
 
-float ParticleFields::typed(const QLineEdit& field) const
+float ParticleFields::typed(QLineEdit& field) const
 {
     return fieldSingle(field, m_decimalSeparator);
 }

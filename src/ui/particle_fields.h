@@ -63,7 +63,7 @@ protected:
 
 private:
     void show(std::size_t row);
-    [[nodiscard]] float typed(const QLineEdit& field) const;
+    [[nodiscard]] float typed(QLineEdit& field) const;
 
     ParticleModel m_model;
     QTableView& m_table;

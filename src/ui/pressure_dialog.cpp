@@ -11,7 +11,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace korvex {
 
@@ -62,6 +65,16 @@ void frmTlak::Tlak(float pressure)
 {
     m_pressure = pressure;
     txtTlak->setText(singleFieldText(pressure, m_shell.globals.decimalSeparator));
+}
+
+void frmTlak::placeOver(const QWidget& widget)
+{
+    adjustSize();
+    const QPoint top = widget.mapToGlobal(QPoint(widget.width() / 2, 0));
+    const QRect screen = widget.screen()->availableGeometry();
+    // A button at the edge of the screen must not take the dialog out of it.
+    const int left = std::max(std::min(top.x() - width() / 2, screen.right() + 1 - width()), screen.left());
+    move(left, std::max(std::min(top.y(), screen.bottom() + 1 - height()), screen.top()));
 }
 
 void frmTlak::takeOver()

@@ -18,6 +18,8 @@ public:
     /// The pressure in Pa; any value is taken, also 0, which the calculations refuse.
     void Tlak(float pressure);
     [[nodiscard]] float Tlak() const { return m_pressure; }
+    /// Before it is shown: centred over a widget, with its top at the widget's top.
+    void placeOver(const QWidget& widget);
     /// Whether it was left by Ok.
     [[nodiscard]] bool confirmed() const { return m_confirmed; }
 

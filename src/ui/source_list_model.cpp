@@ -47,13 +47,23 @@ QString SourceListModel::numberText(int row) const
 
 QString SourceListModel::nameText(int row) const
 {
-    return toQString(sourceAt(row).NazevZdroje());
+    return shownName(tag(row));
+}
+
+QString SourceListModel::shownName(std::size_t position) const
+{
+    if (!m_keptNames.isEmpty()) {
+        if (const auto kept = m_keptNames.constFind(position); kept != m_keptNames.constEnd())
+            return *kept;
+    }
+    return toQString(m_set.at(position).NazevZdroje());
 }
 
 void SourceListModel::refill()
 {
     beginResetModel();
     m_rows.refill(m_set.size());
+    m_keptNames.clear();
     m_sortColumn = -1;
     endResetModel();
     emit sortChanged();
@@ -67,8 +77,14 @@ void SourceListModel::addRow(bool mark)
     endInsertRows();
 }
 
+void SourceListModel::keepNameShown(int row)
+{
+    m_keptNames.insert(tag(row), nameText(row));
+}
+
 void SourceListModel::nameChanged(int row)
 {
+    m_keptNames.remove(tag(row));
     const QModelIndex changed = index(row, NameColumn);
     emit dataChanged(changed, changed);
 }
@@ -147,7 +163,7 @@ void SourceListModel::sortByName(SortDirection direction)
     std::vector<std::pair<QCollatorSortKey, std::size_t>> keys;
     keys.reserve(m_set.size());
     for (std::size_t position = 1; position <= m_set.size(); ++position)
-        keys.emplace_back(czech.sortKey(toQString(m_set.at(position).NazevZdroje())), position);
+        keys.emplace_back(czech.sortKey(shownName(position)), position);
     std::sort(keys.begin(), keys.end(), [](const auto& a, const auto& b) { return a.first.compare(b.first) < 0; });
 
     std::vector<std::int64_t> ranks(m_set.size());

@@ -5,7 +5,9 @@
 #include "source_set.h"
 
 #include <QAbstractTableModel>
+#include <QHash>
 #include <QIcon>
+#include <QString>
 
 #include <array>
 #include <cstddef>
@@ -36,8 +38,10 @@ public:
     void refill();
     /// A row for the source just appended to the set.
     void addRow(bool mark);
-    /// The source of the row has a new name.
+    /// The source of the row has a new name, which the row is to show.
     void nameChanged(int row);
+    /// The row goes on showing the name it shows now, whatever becomes of its source's, until the next refill.
+    void keepNameShown(int row);
 
     [[nodiscard]] bool marked(int row) const { return m_rows.marked(static_cast<std::size_t>(row)); }
     void mark(int row, bool on);
@@ -69,12 +73,14 @@ signals:
 private:
     void sortRows(int column, SortDirection direction);
     void sortByName(SortDirection direction);
+    [[nodiscard]] QString shownName(std::size_t position) const;
 
     SourceSet m_set;
     SourceRows m_rows;
     int m_sortColumn = -1;
     SortDirection m_sortDirection = SortDirection::Ascending;
-    std::array<QIcon, 4> m_icons;  // by Icon, which counts from 1
+    QHash<std::size_t, QString> m_keptNames;  // by position; of rows that show another name than their source has
+    std::array<QIcon, 4> m_icons;             // by Icon, which counts from 1
 };
 
 }  // namespace korvex

@@ -2,6 +2,7 @@
 #include "dialog_checks.h"
 #include "window_harness.h"
 
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
@@ -267,7 +268,7 @@ void FileDialogsTest::filterIsTranslated_data()
     QTest::addColumn<QString>("filter");
     QTest::addColumn<QString>("translated");
     QTest::newRow("of this program, with the blank behind the first bar")
-        << filterOfThisProgram << QStringLiteral("Datové soubory KORVEX (*.txt);;Všechny soubory (*)");
+        << filterOfThisProgram << QStringLiteral("Datové soubory KORVEX (*.txt) (*.txt);;Všechny soubory (*.*) (*)");
     QTest::newRow("pattern not in the description")
         << QStringLiteral("Skupiny prachu|*.spr") << QStringLiteral("Skupiny prachu (*.spr)");
     QTest::newRow("another pattern in the description")
@@ -291,8 +292,15 @@ void FileDialogsTest::openDialogShowsTitleFilterFolderAndName()
     useFileDialog([this](const SeenFileDialog& seen) {
         QCOMPARE(seen.dialog().windowTitle(), title);
         QCOMPARE(seen.dialog().nameFilters(),
-            QStringList({QStringLiteral("Datové soubory KORVEX (*.txt)"), QStringLiteral("Všechny soubory (*)")}));
+            QStringList({QStringLiteral("Datové soubory KORVEX (*.txt) (*.txt)"),
+                QStringLiteral("Všechny soubory (*.*) (*)")}));
         QCOMPARE(seen.dialog().selectedNameFilter(), QStringLiteral("Datové soubory KORVEX (*.txt)"));
+        QStringList shown;
+        const auto& choice = *seen.dialog().findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+        for (int i = 0; i < choice.count(); ++i)
+            shown << choice.itemText(i);
+        QCOMPARE(shown,
+            QStringList({QStringLiteral("Datové soubory KORVEX (*.txt)"), QStringLiteral("Všechny soubory (*.*)")}));
         QCOMPARE(seen.dialog().directory(), QDir(folder()));
         QCOMPARE(seen.name().text(), QStringLiteral("b.txt"));
         QCOMPARE(seen.dialog().acceptMode(), QFileDialog::AcceptOpen);

@@ -162,7 +162,7 @@ TEST(ParticleListRead, FaultNamesTheCount)
         list.read("1,2000000000,10,0.5,20,0.5", 2, 2'000'000'000);
         FAIL() << "no fault";
     } catch (const ArithmeticFault& fault) {
-        EXPECT_EQ(fault.subject(), "počet částic 2000000000");
+        EXPECT_EQ(fault.subject(), "počet částic 2000000000, na řádku je jich jen 2");
         EXPECT_EQ(fault.kind(), FaultKind::Overflow);
     }
 }

@@ -434,13 +434,15 @@ void FieldBehaviourTest::fieldIsReadWithTheUsersSeparator()
 
 void FieldBehaviourTest::fieldWithoutANumberIsZero()
 {
-    for (const QString& text : {QString(), QStringLiteral(" "), QStringLiteral("abc"), QStringLiteral(",")})
-        QCOMPARE(fieldSingle(QLineEdit(text), ","), 0.0F);
+    for (const QString& text : {QString(), QStringLiteral(" "), QStringLiteral("abc"), QStringLiteral(",")}) {
+        QLineEdit field(text);
+        QCOMPARE(fieldSingle(field, ","), 0.0F);
+    }
 }
 
 void FieldBehaviourTest::fieldOutOfRangeIsAFault()
 {
-    const QLineEdit field(QStringLiteral("1E39"));
+    QLineEdit field(QStringLiteral("1E39"));
     QVERIFY_EXCEPTION_THROWN(static_cast<void>(fieldSingle(field, ",")), ArithmeticFault);
 }
 

@@ -295,7 +295,7 @@ void StartUpTest::fileAndSwitchAreTwoArguments()
     harness().start(files().section(QLatin1Char(' '), 0, 0) + QStringLiteral(" /s"));
     // Not ignored: the description file is missing.
     QVERIFY(harness().globals.commandLineMode);
-    QCOMPARE(harness().boxes.shown().value(0).text, QStringLiteral("Soubor nebo složka neexistuje.\n\n"));
+    QCOMPARE(harness().boxes.shown().value(0).text, QStringLiteral("Není zadán soubor s popisem."));
 }
 
 void StartUpTest::loadedSourcesAreNotModified()

@@ -36,7 +36,8 @@ char* putSingle(char* to, float value);
 /// Widths of the display patterns in which every digit position is filled.
 enum class Pattern : int {
     Plain = 1,         // "0"
-    Altitude = 4,      // "0###"
+    Altitude = 4,      // "0###"; also a stack number in its editor
+    ShownNumber = 5,   // "0####", a source number in its editor
     Coordinate = 7,    // "0######"
     SourceNumber = 9,  // "0########"
 };

@@ -1,0 +1,70 @@
+#include "area_source_dialog.h"
+
+#include "field_behaviour.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace korvex {
+
+namespace {
+
+enum Choice { Temperature, PlumeRise };
+
+}  // namespace
+
+frmPlosnyZdroj::frmPlosnyZdroj(Shell& shell, QWidget& owner)
+    : SourceDialog(shell, owner, "frmPlosnyZdroj", QStringLiteral("Plošný zdroj"), IsNumberKey)
+    , cboTeplotaVznos(new QComboBox(&parameterPage()))
+{
+    addParameter(QStringLiteral("Množství látky odcházející komínem [g/s] (ME):"));
+    addParameter(QStringLiteral("Výška koruny komína nad terénem [m] (H):"));
+    addParameter(QStringLiteral("Objem spalin za normálních podmínek [m3/s] (Vs):"));
+    cboTeplotaVznos->setObjectName(QStringLiteral("cboTeplotaVznos"));
+    cboTeplotaVznos->setAccessibleName(QStringLiteral("Teplota spalin, nebo vznos vlečky"));
+    cboTeplotaVznos->addItems(
+        {QStringLiteral("Teplota spalin [°C] (ts)"), QStringLiteral("Vznos vlečky [m] (Delta h)")});
+    addParameter(*cboTeplotaVznos);
+    addParameter(QStringLiteral("Vnitřní průměr komína (pokud je zadáno ts) [m] (d):"));
+    addParameter(QStringLiteral("Výstupní rychlost spalin (pokud je zadáno ts) [m/s] (w0):"));
+    addParameter(QStringLiteral("Relativní roční využití maximálního výkonu [%/100] (Alfa):"));
+    addParameter(QStringLiteral("Počet hodin za den, kdy je zdroj v činnosti [hod] (Pd):"));
+    addParameter(QStringLiteral("Vzdálenost elementů zdroje od sebe [m] (Y0):"));
+    helpButton().setText(QStringLiteral("&Nápověda…"));
+    connect(cboTeplotaVznos, &QComboBox::currentIndexChanged, this, &frmPlosnyZdroj::choiceMade);
+    choiceMade();
+    finish();
+}
+
+bool frmPlosnyZdroj::isPlumeRise() const
+{
+    return cboTeplotaVznos->currentIndex() == PlumeRise;
+}
+
+void frmPlosnyZdroj::choiceMade()
+{
+    for (const Parameter parameter : {d, w0}) {
+        tPar(parameter).setEnabled(!isPlumeRise());
+        lbPar(parameter).setEnabled(!isPlumeRise());
+    }
+    tPar(tsOrDeltaH).setAccessibleName(cboTeplotaVznos->currentText());
+}
+
+void frmPlosnyZdroj::fill(const SourceValues& values)
+{
+    SourceDialog::fill(values);
+    const bool hasStack = values.parameters.at(d) != 0.0F || values.parameters.at(w0) != 0.0F;
+    cboTeplotaVznos->setCurrentIndex(hasStack ? Temperature : PlumeRise);
+}
+
+void frmPlosnyZdroj::readBack(SourceValues& values)
+{
+    SourceDialog::readBack(values);
+    // Whatever their fields still hold: this is what marks the plume rise.
+    if (isPlumeRise())
+        values.parameters.at(d) = values.parameters.at(w0) = 0.0F;
+}
+
+}  // namespace korvex

@@ -1,0 +1,30 @@
+// The editor of an area source, whose fourth parameter is a temperature or a plume rise.
+#pragma once
+
+#include "source_dialog.h"
+
+class QComboBox;
+
+namespace korvex {
+
+class frmPlosnyZdroj : public SourceDialog {
+    Q_OBJECT
+
+public:
+    frmPlosnyZdroj(Shell& shell, QWidget& owner);
+
+protected:
+    /// The choice is not stored by itself: d = w0 = 0 stands for a plume rise.
+    void fill(const SourceValues& values) override;
+    void readBack(SourceValues& values) override;
+
+private:
+    enum Parameter { tsOrDeltaH = 3, d = 4, w0 = 5 };
+
+    [[nodiscard]] bool isPlumeRise() const;
+    void choiceMade();
+
+    QComboBox* cboTeplotaVznos;
+};
+
+}  // namespace korvex

@@ -1,0 +1,220 @@
+#include "source_dialog.h"
+
+#include "description_panel.h"
+#include "dialog_buttons.h"
+#include "dust_panel.h"
+#include "field_behaviour.h"
+#include "globals.h"
+#include "guard.h"
+#include "placement.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace korvex {
+
+namespace {
+
+enum Column { LabelColumn, FieldColumn, ButtonColumn };
+
+}  // namespace
+
+SourceDialog::SourceDialog(
+    Shell& shell, QWidget& owner, const char* objectName, const QString& caption, bool (*acceptsKey)(int))
+    : QDialog(&owner)
+    , m_shell(shell)
+    , m_acceptsKey(acceptsKey)
+    , SSTab1(new QTabWidget(this))
+    , uscPopis1(new uscPopis(SSTab1))
+    , m_parameterPage(new QWidget(SSTab1))
+    , m_parameterLayout(new QGridLayout(m_parameterPage))
+{
+    setObjectName(QLatin1String(objectName));
+    setWindowTitle(caption);
+    setWindowModality(Qt::WindowModal);
+    m_placement = new FreePlacement(*this, m_shell.settings, Resizable::Yes);
+
+    SSTab1->setObjectName(QStringLiteral("SSTab1"));
+    uscPopis1->setObjectName(QStringLiteral("uscPopis1"));
+    SSTab1->addTab(uscPopis1, QStringLiteral("Popis"));
+    SSTab1->addTab(m_parameterPage, QStringLiteral("Parametry"));
+    const bool usesDust = m_shell.globals.noDust == 0;
+    SSTab1->addTab(makeDustPage(), usesDust ? QStringLiteral("Prach") : QStringLiteral("(Prach)"));
+
+    const DialogButtons buttons = DialogButtons::make(*this);
+    buttons.ok->setObjectName(QStringLiteral("cbOK"));
+    buttons.storno->setObjectName(QStringLiteral("cbStorno"));
+    cbHelp = buttons.help;
+    cbHelp->setObjectName(QStringLiteral("cbHelp"));
+    connect(buttons.ok, &QPushButton::clicked, this, [this] {
+        if (runGuarded(m_shell.boxes, this, [this] { takeOver(); }))
+            accept();
+    });
+    auto* const layout = new QVBoxLayout(this);
+    layout->addWidget(SSTab1);
+    layout->addLayout(buttons.row());
+}
+
+QWidget* SourceDialog::makeDustPage()
+{
+    const bool usesDust = m_shell.globals.noDust == 0;
+    auto* const page = new QWidget(SSTab1);
+    uscPrach1 = new uscPrach(m_shell, page);
+    uscPrach1->setObjectName(QStringLiteral("uscPrach1"));
+    // Also when it is not shown: it keeps a source's reference to a group of the file.
+    uscPrach1->SouborSkupinyPrachu(m_shell.globals.dustGroupsPath);
+    uscPrach1->setVisible(usesDust);
+    auto* const Label1 = new QLabel(QStringLiteral("Použití prachu bylo vypnuto v okně Soubor / Možnosti…"), page);
+    Label1->setObjectName(QStringLiteral("Label1"));
+    Label1->setAlignment(Qt::AlignCenter);
+    Label1->setVisible(!usesDust);
+    auto* const layout = new QVBoxLayout(page);
+    layout->setContentsMargins({});
+    layout->addWidget(uscPrach1);
+    layout->addWidget(Label1);
+    return page;
+}
+
+void SourceDialog::addParameter(const QString& caption)
+{
+    auto* const label = new QLabel(caption, m_parameterPage);
+    label->setObjectName(QStringLiteral("lbPar%1").arg(m_parameters.size()));
+    m_labels.push_back(label);
+    addParameterField(*label);
+    label->setBuddy(m_parameters.back());
+}
+
+void SourceDialog::addParameter(QWidget& inPlaceOfLabel)
+{
+    m_labels.push_back(nullptr);
+    addParameterField(inPlaceOfLabel);
+}
+
+void SourceDialog::addParameterField(QWidget& before)
+{
+    auto* const field = new QLineEdit(m_parameterPage);
+    field->setObjectName(QStringLiteral("tPar%1").arg(m_parameters.size()));
+    field->setToolTip(QStringLiteral("Parametry zdroje"));
+    filterKeys(*field, m_acceptsKey);
+    SelectAllText(*field);
+    const auto row = static_cast<int>(m_parameters.size());
+    m_parameterLayout->addWidget(&before, row, LabelColumn);
+    m_parameterLayout->addWidget(field, row, FieldColumn);
+    m_parameters.push_back(field);
+}
+
+void SourceDialog::addBeside(std::size_t parameter, QWidget& widget)
+{
+    m_parameterLayout->addWidget(&widget, static_cast<int>(parameter), ButtonColumn);
+}
+
+void SourceDialog::addBelow(QWidget& widget)
+{
+    m_parameterLayout->addWidget(&widget, m_parameterLayout->rowCount(), LabelColumn, 1, ButtonColumn + 1);
+}
+
+void SourceDialog::finish()
+{
+    m_parameterLayout->setColumnStretch(FieldColumn, 1);
+    m_parameterLayout->setRowStretch(m_parameterLayout->rowCount(), 1);
+    SSTab1->setCurrentIndex(m_shell.globals.lastEditorTab);
+    adjustSize();
+    m_placement->restore();
+    focusFirstField();
+}
+
+void SourceDialog::focusFirstField()
+{
+    // Not the number fields, which only show.
+    for (QLineEdit* const field : SSTab1->currentWidget()->findChildren<QLineEdit*>()) {
+        if (!field->isReadOnly() && field->isVisibleTo(this)) {
+            field->setFocus();
+            return;
+        }
+    }
+    SSTab1->setFocus();
+}
+
+void SourceDialog::letNumberBeTyped()
+{
+    m_isNumberTyped = true;
+    uscPopis1->letNumberBeTyped();
+}
+
+bool SourceDialog::edit(SourceValues& values)
+{
+    m_values = values;
+    fill(values);
+    if (exec() != QDialog::Accepted)
+        return false;
+    values = std::move(m_values);
+    return true;
+}
+
+void SourceDialog::fill(const SourceValues& values)
+{
+    uscPopis1->CisloZdroje(values.number);
+    uscPopis1->CisloKomina(values.stack);
+    uscPopis1->NazevZdroje(values.name);
+    uscPopis1->X(values.x);
+    uscPopis1->Y(values.y);
+    uscPopis1->Z(values.altitude);
+    uscPopis1->Skupina(values.group);
+    uscPopis1->Shluk(values.cluster);
+    for (std::size_t i = 0; i < m_parameters.size(); ++i)
+        showParameter(i, values.parameters.at(i));
+    uscPrach1->Prach(values.dust);
+}
+
+void SourceDialog::readBack(SourceValues& values)
+{
+    if (m_isNumberTyped)
+        values.number = uscPopis1->CisloZdroje();
+    values.name = uscPopis1->NazevZdroje();
+    values.x = uscPopis1->X();
+    values.y = uscPopis1->Y();
+    values.altitude = uscPopis1->Z();
+    values.group = uscPopis1->Skupina();
+    values.cluster = uscPopis1->Shluk();
+    for (std::size_t i = 0; i < m_parameters.size(); ++i)
+        values.parameters.at(i) = parameter(i);
+    values.dust = uscPrach1->Prach();
+}
+
+void SourceDialog::takeOver()
+{
+    SourceValues read = m_values;
+    readBack(read);
+    m_values = std::move(read);
+}
+
+float SourceDialog::parameter(std::size_t index) const
+{
+    return fieldSingle(tPar(index), m_shell.globals.decimalSeparator);
+}
+
+void SourceDialog::showParameter(std::size_t index, float value)
+{
+    tPar(index).setText(singleFieldText(value, m_shell.globals.decimalSeparator));
+}
+
+void SourceDialog::done(int result)
+{
+    m_shell.globals.lastEditorTab = SSTab1->currentIndex();
+    // The groups may have been edited from the panel. A file that could not be read stays the current one: with its
+    // name forgotten, the next editor would show the source without its group, and not even say why.
+    if (!uscPrach1->SouborSkupinyPrachu().empty())
+        m_shell.globals.dustGroupsPath = uscPrach1->SouborSkupinyPrachu();
+    m_placement->store();
+    QDialog::done(result);
+}
+
+}  // namespace korvex

@@ -1,0 +1,91 @@
+// What the editors of the three types of sources have in common: tabs, fields, buttons, and the way of the values.
+#pragma once
+
+#include "shell.h"
+#include "source_editor.h"
+
+#include <QDialog>
+#include <QString>
+
+#include <cstddef>
+#include <vector>
+
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTabWidget;
+
+namespace korvex {
+
+class FreePlacement;
+class uscPopis;
+class uscPrach;
+
+/// Holds copies of a source's values while it is open. Nothing typed is refused on Ok: every field is taken as it
+/// reads, an empty one as 0; only a number out of range keeps the editor open, with everything that was typed.
+class SourceDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    /// Shows the values until the user leaves the editor. True when it was left by Ok: then values holds what was
+    /// edited, but for the number and the stack number.
+    [[nodiscard]] bool edit(SourceValues& values);
+
+    /// For a source that got no number of its own: it can be typed, and is edited like the other values.
+    void letNumberBeTyped();
+
+    void done(int result) override;
+
+protected:
+    /// The last three are what sets one type's form apart: its name and caption, and which keys its parameters take.
+    SourceDialog(Shell& shell, QWidget& owner, const char* objectName, const QString& caption, bool (*acceptsKey)(int));
+
+    /// A field in the next row of the parameters, with the label before it.
+    void addParameter(const QString& caption);
+    /// The same with another widget in the label's place.
+    void addParameter(QWidget& inPlaceOfLabel);
+    /// After the last parameter: adds a widget beside the field of a parameter, or below all of them.
+    void addBeside(std::size_t parameter, QWidget& widget);
+    void addBelow(QWidget& widget);
+    /// After all fields and buttons were added: restores where the window was left last.
+    void finish();
+
+    [[nodiscard]] Shell& shell() const { return m_shell; }
+    [[nodiscard]] uscPopis& description() const { return *uscPopis1; }
+    [[nodiscard]] QLineEdit& tPar(std::size_t index) const { return *m_parameters.at(index); }
+    [[nodiscard]] QLabel& lbPar(std::size_t index) const { return *m_labels.at(index); }
+    /// The page of the parameters, the parent of their widgets.
+    [[nodiscard]] QWidget& parameterPage() const { return *m_parameterPage; }
+    [[nodiscard]] QPushButton& helpButton() const { return *cbHelp; }
+
+    /// The number typed for a parameter; see fieldSingle.
+    [[nodiscard]] float parameter(std::size_t index) const;
+    void showParameter(std::size_t index, float value);
+
+    virtual void fill(const SourceValues& values);
+    virtual void readBack(SourceValues& values);
+
+private:
+    QWidget* makeDustPage();
+    void addParameterField(QWidget& before);
+    void takeOver();
+    void focusFirstField();
+
+    Shell& m_shell;
+    bool (*m_acceptsKey)(int);
+    FreePlacement* m_placement;
+    SourceValues m_values;
+    bool m_isNumberTyped = false;
+
+    QTabWidget* SSTab1;
+    uscPopis* uscPopis1;
+    uscPrach* uscPrach1 = nullptr;
+    QWidget* m_parameterPage;
+    QGridLayout* m_parameterLayout;
+    std::vector<QLineEdit*> m_parameters;
+    std::vector<QLabel*> m_labels;  // none where something else stands in a label's place
+    QPushButton* cbHelp;
+};
+
+}  // namespace korvex
