@@ -29,8 +29,8 @@ uscPopis::uscPopis(QWidget* parent)
     , txtY(addField("txtY", QStringLiteral("Y souřadnice zdroje")))
     , txtZ(addField("txtZ", QStringLiteral("Nadmořská výška zdroje")))
 {
-    txtCisloZdroje->setReadOnly(true);
-    txtCisloKomina->setReadOnly(true);
+    showOnly(*txtCisloZdroje);
+    showOnly(*txtCisloKomina);
     for (QLineEdit* const field : {txtNazevZdroje, txtSkupina, txtShluk, txtX, txtY, txtZ})
         SelectAllText(*field);
     for (QLineEdit* const field : {txtSkupina, txtShluk, txtZ})
@@ -81,6 +81,7 @@ QLineEdit* uscPopis::addField(const char* objectName, const QString& toolTip)
 void uscPopis::letNumberBeTyped()
 {
     txtCisloZdroje->setReadOnly(false);
+    txtCisloZdroje->setPalette({});
     SelectAllText(*txtCisloZdroje);
 }
 

@@ -157,7 +157,7 @@ QGroupBox* frmSkupinyPrachu::makeDetailFrame()
 {
     m_detail = new QGroupBox(QStringLiteral("Detail vybrané skupiny"), this);
     txtSkupina = named(new QLineEdit(m_detail), "txtSkupina");
-    txtSkupina->setReadOnly(true);
+    showOnly(*txtSkupina);
     txtNazevSkupiny = named(new QLineEdit(m_detail), "txtNazevSkupiny");
     SelectAllText(*txtNazevSkupiny);
     // A semicolon would cut the name when the file is read again.
@@ -205,7 +205,7 @@ QGroupBox* frmSkupinyPrachu::makeFileFrame()
 {
     auto* const frame = new QGroupBox(QStringLiteral("Soubor se skupinami prachu "), this);
     txtFile = named(new QLineEdit(frame), "txtFile");
-    txtFile->setReadOnly(true);
+    showOnly(*txtFile);
     txtKomentar = named(new QLineEdit(frame), "txtKomentar");
     SelectAllText(*txtKomentar);
     cmdOpenFile = named(dialogButton(*this, QStringLiteral("&Otevři"), {}), "cmdOpenFile");

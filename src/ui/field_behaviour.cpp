@@ -8,6 +8,7 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPalette>
 #include <QTabWidget>
 #include <QTimer>
 
@@ -100,6 +101,14 @@ auto readField(QLineEdit& field, Read read)
 void filterKeys(QLineEdit& field, bool (*accepts)(int keyCode))
 {
     field.installEventFilter(new KeyFilter(field, accepts));
+}
+
+void showOnly(QLineEdit& field)
+{
+    field.setReadOnly(true);
+    QPalette palette = field.palette();
+    palette.setBrush(QPalette::Base, palette.window());
+    field.setPalette(palette);
 }
 
 void SelectAllText(QLineEdit& field)

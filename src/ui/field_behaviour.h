@@ -43,6 +43,9 @@ namespace korvex {
 /// purpose: it is the way to values that the keys do not offer.
 void filterKeys(QLineEdit& field, bool (*accepts)(int keyCode));
 
+/// The field only shows its text, and looks so; the text can still be selected and copied.
+void showOnly(QLineEdit& field);
+
 /// The field selects its whole text when it gets the focus, also by a click.
 void SelectAllText(QLineEdit& field);
 

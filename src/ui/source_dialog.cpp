@@ -14,6 +14,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -58,6 +59,12 @@ SourceDialog::SourceDialog(
         if (runGuarded(m_shell.boxes, this, [this] { takeOver(); }))
             accept();
     });
+    const auto turnPage = [this](const char* keys, int step) {
+        connect(new QShortcut(QKeySequence(QLatin1String(keys)), this), &QShortcut::activated, this,
+            [this, step] { SSTab1->setCurrentIndex((SSTab1->currentIndex() + step) % SSTab1->count()); });
+    };
+    turnPage("Ctrl+PgDown", 1);
+    turnPage("Ctrl+PgUp", SSTab1->count() - 1);
     auto* const layout = new QVBoxLayout(this);
     layout->addWidget(SSTab1);
     layout->addLayout(buttons.row());
@@ -118,7 +125,8 @@ void SourceDialog::addBeside(std::size_t parameter, QWidget& widget)
 
 void SourceDialog::addBelow(QWidget& widget)
 {
-    m_parameterLayout->addWidget(&widget, m_parameterLayout->rowCount(), LabelColumn, 1, ButtonColumn + 1);
+    m_parameterLayout->addWidget(
+        &widget, m_parameterLayout->rowCount(), LabelColumn, 1, ButtonColumn + 1, Qt::AlignLeft);
 }
 
 void SourceDialog::finish()

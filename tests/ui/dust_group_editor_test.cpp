@@ -150,6 +150,10 @@ private slots:
     void switchingToAnotherProgramDoesNotStore();
     void semicolonCannotBeTypedAndAPastedOneDoesNotCutTheName();
     void pastedLinesStayOneLine();
+    void nameIsShownAsItWasStored();
+    void savingByAKeyKeepsTheNameNotYetLeft();
+    void equalLinesAreChosenOneByOne();
+    void mnemonicsAreToldApart();
 
     void particleChangeMovesTheGroupToTheEnd();
     void particleRule_data();
@@ -562,6 +566,53 @@ void DustGroupEditorTest::pastedLinesStayOneLine()
         QTest::keyClick(&field(editor, "txtKomentar"), Qt::Key_Tab);
         QCOMPARE(savedBy(editor).count('\n'), 4);
     });
+}
+
+void DustGroupEditorTest::nameIsShownAsItWasStored()
+{
+    inEditor(threeGroups(), [](frmSkupinyPrachu& editor) {
+        choose(editor, 1);
+        field(editor, "txtNazevSkupiny").setText(QStringLiteral("p;q\nr"));
+        press(editor, "cmdAdd");
+        QCOMPARE(text(editor, "txtNazevSkupiny"), QStringLiteral("p,q r"));
+        QCOMPARE(groups(editor).last(), QStringLiteral("2. p,q r"));
+    });
+}
+
+/// The letter of the button does not take the focus out of the name.
+void DustGroupEditorTest::savingByAKeyKeepsTheNameNotYetLeft()
+{
+    inEditor(threeGroups(), [this](frmSkupinyPrachu& editor) {
+        choose(editor, 1);
+        typeName(editor, QStringLiteral("Nova"));
+        harness().chooser.answerNext(harness().path(QStringLiteral("b.spr")));
+        QTest::keyClick(editor.windowHandle(), Qt::Key_U, Qt::AltModifier);
+        QTRY_VERIFY(harness().chooser.allAnswersUsed());
+        QVERIFY(field(editor, "txtNazevSkupiny").hasFocus());
+        QCOMPARE(harness().bytes(QStringLiteral("b.spr")),
+            QByteArray(";Koment\xe1\xf8\r\n1,2,10,0.5,20,0.25;A\r\n3,1,5,1;C\r\n2,0;Nova\r\n"));
+        press(editor, "cmdStorno");
+        QVERIFY(!editor.isVisible());
+        QCOMPARE(harness().boxes.shown().size(), 0);
+    });
+}
+
+void DustGroupEditorTest::equalLinesAreChosenOneByOne()
+{
+    inEditor(fileOf({QStringLiteral("1,1,5,0.5;X"), QStringLiteral("2,1,6,0.5;Y"), QStringLiteral("1,1,5,0.5;X")}),
+        [this](frmSkupinyPrachu& editor) {
+            clickRow(groupList(editor), 2);
+            QCoreApplication::processEvents();
+            QCOMPARE(groupList(editor).currentIndex().row(), 2);
+            press(editor, "cmdDel");
+            QCOMPARE(savedBy(editor), QByteArray(";\r\n1,1,5,0.5;X\r\n2,1,6,0.5;Y\r\n"));
+        });
+}
+
+/// Three captions share their letters with others: N with the help, Z with the particle's button.
+void DustGroupEditorTest::mnemonicsAreToldApart()
+{
+    inEditor({}, [](frmSkupinyPrachu& editor) { QCOMPARE(mnemonics(editor), QStringLiteral("NNOSUVZZ")); });
 }
 
 void DustGroupEditorTest::particleChangeMovesTheGroupToTheEnd()
