@@ -107,6 +107,8 @@ frmSkupinyPrachu::frmSkupinyPrachu(Shell& shell, QWidget* owner)
     connect(cmdStorno, &QPushButton::clicked, this, &QDialog::reject);
     auto* const cmdHelp
         = named(dialogButton(*this, QStringLiteral("&Nápověda"), QStringLiteral("Nápověda k programu")), "cmdHelp");
+    // Alt+N makes a new group: of two buttons with one letter it would press neither. Help has F1.
+    cmdHelp->setShortcut({});
     connect(cmdHelp, &QPushButton::clicked, this, [this] { sendHelpKey(*this); });
     auto* const buttons = new QHBoxLayout;
     buttons->addStretch();

@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -63,6 +64,11 @@ SourceDialog::SourceDialog(
         connect(new QShortcut(QKeySequence(QLatin1String(keys)), this), &QShortcut::activated, this,
             [this, step] { SSTab1->setCurrentIndex((SSTab1->currentIndex() + step) % SSTab1->count()); });
     };
+    connect(SSTab1, &QTabWidget::currentChanged, this, [this] {
+        // Typing can start at once; with the focus on the tabs themselves the arrow keys go on turning them.
+        if (!SSTab1->tabBar()->hasFocus())
+            focusFirstField();
+    });
     turnPage("Ctrl+PgDown", 1);
     turnPage("Ctrl+PgUp", SSTab1->count() - 1);
     auto* const layout = new QVBoxLayout(this);

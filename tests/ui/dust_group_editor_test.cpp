@@ -609,10 +609,16 @@ void DustGroupEditorTest::equalLinesAreChosenOneByOne()
         });
 }
 
-/// Three captions share their letters with others: N with the help, Z with the particle's button.
+/// Two captions share their letters with others: N with the help, which has a key of its own, and Z with the
+/// particle's button.
 void DustGroupEditorTest::mnemonicsAreToldApart()
 {
-    inEditor({}, [](frmSkupinyPrachu& editor) { QCOMPARE(mnemonics(editor), QStringLiteral("NNOSUVZZ")); });
+    inEditor({}, [](frmSkupinyPrachu& editor) {
+        QCOMPARE(mnemonics(editor), QStringLiteral("NNOSUVZZ"));
+        QTest::keyClick(editor.windowHandle(), Qt::Key_N, Qt::AltModifier);
+        QTRY_COMPARE(groups(editor), QStringList(QStringLiteral("1. Nová skupina 1")));
+        QVERIFY(field(editor, "txtNazevSkupiny").hasFocus());
+    });
 }
 
 void DustGroupEditorTest::particleChangeMovesTheGroupToTheEnd()
