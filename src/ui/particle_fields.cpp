@@ -122,7 +122,10 @@ float ParticleFields::typed(QLineEdit& field) const
 
 void ParticleFields::enterTyped()
 {
+    const std::size_t before = list().count();
     m_model.enter({typed(m_diameter), typed(m_share)});
+    if (list().count() > before)
+        m_table.scrollToBottom();
     m_diameter.setFocus();
 }
 
