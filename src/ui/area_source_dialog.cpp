@@ -32,10 +32,9 @@ frmPlosnyZdroj::frmPlosnyZdroj(Shell& shell, QWidget& owner)
     addParameter(QStringLiteral("Relativní roční využití maximálního výkonu [%/100] (Alfa):"));
     addParameter(QStringLiteral("Počet hodin za den, kdy je zdroj v činnosti [hod] (Pd):"));
     addParameter(QStringLiteral("Vzdálenost elementů zdroje od sebe [m] (Y0):"));
-    helpButton().setText(QStringLiteral("&Nápověda…"));
     connect(cboTeplotaVznos, &QComboBox::currentIndexChanged, this, &frmPlosnyZdroj::choiceMade);
     choiceMade();
-    finish();
+    finish(QStringLiteral("&Nápověda…"));
 }
 
 bool frmPlosnyZdroj::isPlumeRise() const

@@ -38,13 +38,12 @@ frmLiniovyZdroj::frmLiniovyZdroj(Shell& shell, QWidget& owner)
     chbAutoCalcXY->setObjectName(QStringLiteral("chbAutoCalcXY"));
     addBelow(*chbAutoCalcXY);
     addBelow(*cmdCalcXY);
-    helpButton().setText(QStringLiteral("&Nápověda…"));
 
     connect(chbAutoCalcXY, &QCheckBox::toggled, cmdCalcXY, &QWidget::setHidden);
     chbAutoCalcXY->setChecked(shell.globals.autoCalcXY != 0);
     connect(cmdCalcXY, &QPushButton::clicked, this,
         [this] { runGuarded(this->shell().boxes, this, [this] { calculateMidpoint(); }); });
-    finish();
+    finish(QStringLiteral("&Nápověda…"));
 }
 
 void frmLiniovyZdroj::calculateMidpoint()

@@ -52,7 +52,7 @@ frmBodovyZdroj::frmBodovyZdroj(Shell& shell, QWidget& owner)
     connect(cmdNastavitTlak, &QPushButton::clicked, this, &frmBodovyZdroj::setPressure);
     addBeside(Pd, *cmdNastavitTlak);
     showPressure();
-    finish();
+    finish(QStringLiteral("&Nápověda"));
 }
 
 void frmBodovyZdroj::connectCalculation(QPushButton& button, void (frmBodovyZdroj::*calculate)())

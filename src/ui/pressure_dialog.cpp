@@ -73,8 +73,11 @@ void frmTlak::placeOver(const QWidget& widget)
     const QPoint top = widget.mapToGlobal(QPoint(widget.width() / 2, 0));
     const QRect screen = widget.screen()->availableGeometry();
     // A button at the edge of the screen must not take the dialog out of it.
-    const int left = std::max(std::min(top.x() - width() / 2, screen.right() + 1 - width()), screen.left());
-    move(left, std::max(std::min(top.y(), screen.bottom() + 1 - height()), screen.top()));
+    // The dialog has no frame before it is shown, but will get one like the owner's.
+    const QWidget& owner = *widget.window();
+    const QSize size = this->size() + owner.frameGeometry().size() - owner.size();
+    const int left = std::max(std::min(top.x() - size.width() / 2, screen.right() + 1 - size.width()), screen.left());
+    move(left, std::max(std::min(top.y(), screen.bottom() + 1 - size.height()), screen.top()));
 }
 
 void frmTlak::takeOver()

@@ -48,32 +48,6 @@ SourceDialog::SourceDialog(
     uscPopis1->setObjectName(QStringLiteral("uscPopis1"));
     SSTab1->addTab(uscPopis1, QStringLiteral("Popis"));
     SSTab1->addTab(m_parameterPage, QStringLiteral("Parametry"));
-    const bool usesDust = m_shell.globals.noDust == 0;
-    SSTab1->addTab(makeDustPage(), usesDust ? QStringLiteral("Prach") : QStringLiteral("(Prach)"));
-
-    const DialogButtons buttons = DialogButtons::make(*this);
-    buttons.ok->setObjectName(QStringLiteral("cbOK"));
-    buttons.storno->setObjectName(QStringLiteral("cbStorno"));
-    cbHelp = buttons.help;
-    cbHelp->setObjectName(QStringLiteral("cbHelp"));
-    connect(buttons.ok, &QPushButton::clicked, this, [this] {
-        if (runGuarded(m_shell.boxes, this, [this] { takeOver(); }))
-            accept();
-    });
-    const auto turnPage = [this](const char* keys, int step) {
-        connect(new QShortcut(QKeySequence(QLatin1String(keys)), this), &QShortcut::activated, this,
-            [this, step] { SSTab1->setCurrentIndex((SSTab1->currentIndex() + step) % SSTab1->count()); });
-    };
-    connect(SSTab1, &QTabWidget::currentChanged, this, [this] {
-        // Typing can start at once; with the focus on the tabs themselves the arrow keys go on turning them.
-        if (!SSTab1->tabBar()->hasFocus())
-            focusFirstField();
-    });
-    turnPage("Ctrl+PgDown", 1);
-    turnPage("Ctrl+PgUp", SSTab1->count() - 1);
-    auto* const layout = new QVBoxLayout(this);
-    layout->addWidget(SSTab1);
-    layout->addLayout(buttons.row());
 }
 
 QWidget* SourceDialog::makeDustPage()
@@ -135,14 +109,51 @@ void SourceDialog::addBelow(QWidget& widget)
         &widget, m_parameterLayout->rowCount(), LabelColumn, 1, ButtonColumn + 1, Qt::AlignLeft);
 }
 
-void SourceDialog::finish()
+void SourceDialog::finish(const QString& helpCaption)
 {
     m_parameterLayout->setColumnStretch(FieldColumn, 1);
     m_parameterLayout->setRowStretch(m_parameterLayout->rowCount(), 1);
+    // Made in this order, the widgets are reached by Tab from top to bottom.
+    SSTab1->addTab(makeDustPage(), m_shell.globals.noDust == 0 ? QStringLiteral("Prach") : QStringLiteral("(Prach)"));
+    QHBoxLayout* const buttons = makeButtons(helpCaption);
+    auto* const layout = new QVBoxLayout(this);
+    layout->addWidget(SSTab1);
+    layout->addLayout(buttons);
+    connectPages();
     SSTab1->setCurrentIndex(m_shell.globals.lastEditorTab);
     adjustSize();
     m_placement->restore();
     focusFirstField();
+}
+
+QHBoxLayout* SourceDialog::makeButtons(const QString& helpCaption)
+{
+    const DialogButtons buttons = DialogButtons::make(*this);
+    cbOK = buttons.ok;
+    cbOK->setObjectName(QStringLiteral("cbOK"));
+    buttons.storno->setObjectName(QStringLiteral("cbStorno"));
+    buttons.help->setObjectName(QStringLiteral("cbHelp"));
+    buttons.help->setText(helpCaption);
+    connect(cbOK, &QPushButton::clicked, this, [this] {
+        if (runGuarded(m_shell.boxes, this, [this] { takeOver(); }))
+            accept();
+    });
+    return buttons.row();
+}
+
+void SourceDialog::connectPages()
+{
+    connect(SSTab1, &QTabWidget::currentChanged, this, [this] {
+        // Typing can start at once; with the focus on the tabs themselves the arrow keys go on turning them.
+        if (!SSTab1->tabBar()->hasFocus())
+            focusFirstField();
+    });
+    const auto turnPage = [this](const char* keys, int step) {
+        connect(new QShortcut(QKeySequence(QLatin1String(keys)), this), &QShortcut::activated, this,
+            [this, step] { SSTab1->setCurrentIndex((SSTab1->currentIndex() + step) % SSTab1->count()); });
+    };
+    turnPage("Ctrl+PgDown", 1);
+    turnPage("Ctrl+PgUp", SSTab1->count() - 1);
 }
 
 void SourceDialog::focusFirstField()
@@ -154,7 +165,8 @@ void SourceDialog::focusFirstField()
             return;
         }
     }
-    SSTab1->setFocus();
+    // Not the tabs: there the focus would stay when a page with fields is turned up.
+    cbOK->setFocus();
 }
 
 void SourceDialog::letNumberBeTyped()

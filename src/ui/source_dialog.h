@@ -11,6 +11,7 @@
 #include <vector>
 
 class QGridLayout;
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -48,8 +49,8 @@ protected:
     /// After the last parameter: adds a widget beside the field of a parameter, or below all of them.
     void addBeside(std::size_t parameter, QWidget& widget);
     void addBelow(QWidget& widget);
-    /// After all fields and buttons were added: restores where the window was left last.
-    void finish();
+    /// After all parameters were added: adds the dust page and the buttons and restores where the window was left last.
+    void finish(const QString& helpCaption);
 
     [[nodiscard]] Shell& shell() const { return m_shell; }
     [[nodiscard]] uscPopis& description() const { return *uscPopis1; }
@@ -57,7 +58,6 @@ protected:
     [[nodiscard]] QLabel& lbPar(std::size_t index) const { return *m_labels.at(index); }
     /// The page of the parameters, the parent of their widgets.
     [[nodiscard]] QWidget& parameterPage() const { return *m_parameterPage; }
-    [[nodiscard]] QPushButton& helpButton() const { return *cbHelp; }
 
     /// The number typed for a parameter; see fieldSingle.
     [[nodiscard]] float parameter(std::size_t index) const;
@@ -69,6 +69,8 @@ protected:
 private:
     QWidget* makeDustPage();
     void addParameterField(QWidget& before);
+    QHBoxLayout* makeButtons(const QString& helpCaption);
+    void connectPages();
     void takeOver();
     void focusFirstField();
 
@@ -85,7 +87,7 @@ private:
     QGridLayout* m_parameterLayout;
     std::vector<QLineEdit*> m_parameters;
     std::vector<QLabel*> m_labels;  // none where something else stands in a label's place
-    QPushButton* cbHelp;
+    QPushButton* cbOK = nullptr;
 };
 
 }  // namespace korvex
