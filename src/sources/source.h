@@ -35,6 +35,8 @@ public:
     [[nodiscard]] std::int32_t ICZ() const { return m_number; }
     /// Also replaces the name by the type's name and the number (Bodový zdroj 12), whatever it was.
     void ICZ(std::int32_t number);
+    /// Sets the number and keeps the name.
+    void renumber(std::int32_t number) { m_number = number; }
 
     /// Record of the points file: number, position, type code, group, cluster and name.
     [[nodiscard]] std::string LineSource() const;

@@ -17,11 +17,11 @@ enum Choice { Temperature, PlumeRise };
 
 frmPlosnyZdroj::frmPlosnyZdroj(Shell& shell, QWidget& owner)
     : SourceDialog(shell, owner, "frmPlosnyZdroj", QStringLiteral("Plošný zdroj"), IsNumberKey)
-    , cboTeplotaVznos(new QComboBox(&parameterPage()))
 {
     addParameter(QStringLiteral("Množství látky odcházející komínem [g/s] (ME):"));
     addParameter(QStringLiteral("Výška koruny komína nad terénem [m] (H):"));
     addParameter(QStringLiteral("Objem spalin za normálních podmínek [m3/s] (Vs):"));
+    cboTeplotaVznos = new QComboBox(&parameterPage());
     cboTeplotaVznos->setObjectName(QStringLiteral("cboTeplotaVznos"));
     cboTeplotaVznos->setAccessibleName(QStringLiteral("Teplota spalin, nebo vznos vlečky"));
     cboTeplotaVznos->addItems(
@@ -56,14 +56,6 @@ void frmPlosnyZdroj::fill(const SourceValues& values)
     SourceDialog::fill(values);
     const bool hasStack = values.parameters.at(d) != 0.0F || values.parameters.at(w0) != 0.0F;
     cboTeplotaVznos->setCurrentIndex(hasStack ? Temperature : PlumeRise);
-}
-
-void frmPlosnyZdroj::readBack(SourceValues& values)
-{
-    SourceDialog::readBack(values);
-    // Whatever their fields still hold: this is what marks the plume rise.
-    if (isPlumeRise())
-        values.parameters.at(d) = values.parameters.at(w0) = 0.0F;
 }
 
 }  // namespace korvex

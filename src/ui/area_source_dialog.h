@@ -14,9 +14,9 @@ public:
     frmPlosnyZdroj(Shell& shell, QWidget& owner);
 
 protected:
-    /// The choice is not stored by itself: d = w0 = 0 stands for a plume rise.
+    /// The choice is not stored by itself: d = w0 = 0 stands for a plume rise. When it is chosen, the two fields are
+    /// switched off, and so are read as 0 whatever they still hold.
     void fill(const SourceValues& values) override;
-    void readBack(SourceValues& values) override;
 
 private:
     enum Parameter { tsOrDeltaH = 3, d = 4, w0 = 5 };
@@ -24,7 +24,7 @@ private:
     [[nodiscard]] bool isPlumeRise() const;
     void choiceMade();
 
-    QComboBox* cboTeplotaVznos;
+    QComboBox* cboTeplotaVznos = nullptr;
 };
 
 }  // namespace korvex

@@ -15,8 +15,6 @@ namespace korvex {
 frmLiniovyZdroj::frmLiniovyZdroj(Shell& shell, QWidget& owner)
     // The ends of a segment can have negative coordinates: here the minus sign can be typed.
     : SourceDialog(shell, owner, "frmLiniovyZdroj", QStringLiteral("Liniový zdroj"), IsSignedNumberKey)
-    , cmdCalcXY(new QPushButton(QStringLiteral("Vypočítej střed úseku (X,Y)"), &parameterPage()))
-    , chbAutoCalcXY(new QCheckBox(QStringLiteral("Automatický výpočet středu úseku (X,Y)"), &parameterPage()))
 {
     for (const QString& caption : {
              QStringLiteral("Množství látky [g/s/m] (ML):"),
@@ -30,13 +28,15 @@ frmLiniovyZdroj::frmLiniovyZdroj(Shell& shell, QWidget& owner)
              QStringLiteral("Počet hodin za den, kdy je zdroj v činnosti [hod] (Pd):"),
          })
         addParameter(caption);
+    chbAutoCalcXY = new QCheckBox(QStringLiteral("Automatický výpočet středu úseku (X,Y)"), &parameterPage());
+    chbAutoCalcXY->setObjectName(QStringLiteral("chbAutoCalcXY"));
+    addBelow(*chbAutoCalcXY);
+    cmdCalcXY = new QPushButton(QStringLiteral("Vypočítej střed úseku (X,Y)"), &parameterPage());
     cmdCalcXY->setObjectName(QStringLiteral("cmdCalcXY"));
     // The form stays as it is when the button hides.
     QSizePolicy policy = cmdCalcXY->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     cmdCalcXY->setSizePolicy(policy);
-    chbAutoCalcXY->setObjectName(QStringLiteral("chbAutoCalcXY"));
-    addBelow(*chbAutoCalcXY);
     addBelow(*cmdCalcXY);
 
     connect(chbAutoCalcXY, &QCheckBox::toggled, cmdCalcXY, &QWidget::setHidden);

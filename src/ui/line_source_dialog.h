@@ -23,8 +23,8 @@ private:
 
     void calculateMidpoint();
 
-    QPushButton* cmdCalcXY;
-    QCheckBox* chbAutoCalcXY;
+    QPushButton* cmdCalcXY = nullptr;
+    QCheckBox* chbAutoCalcXY = nullptr;
 };
 
 }  // namespace korvex

@@ -2,25 +2,16 @@
 
 #include "main_window.h"
 #include "message_boxes.h"
-#include "number_text.h"
 #include "source_windows.h"
 
 #include <optional>
-#include <string>
+#include <utility>
 
 namespace korvex {
 
 namespace {
 
 constexpr std::int32_t noNumber = -1;
-
-/// Giving a source a number gives it a name as well: the record brings both, so that the typed name stays.
-void renumber(cZdroje& source, std::int32_t number)
-{
-    std::string record = source.LineSource();
-    record.replace(0, record.find(','), integerText(number));
-    source.LineSource(record);
-}
 
 }  // namespace
 
@@ -43,7 +34,7 @@ void newSource(frmKORVEXZDR& window, const SourceType& type)
     source.Edit(editor);
     if (source.EditOk()) {
         if (!number)
-            renumber(source, editor.typedNumber());
+            source.renumber(editor.typedNumber());
         list.set().append(std::move(source));
         list.addRow(true);
         window.listView().makeCurrent(list.rowCount() - 1);

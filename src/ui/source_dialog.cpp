@@ -224,6 +224,8 @@ void SourceDialog::takeOver()
 
 float SourceDialog::parameter(std::size_t index) const
 {
+    if (!tPar(index).isEnabledTo(m_parameterPage))
+        return 0.0F;
     return fieldSingle(tPar(index), m_shell.globals.decimalSeparator);
 }
 

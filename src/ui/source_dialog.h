@@ -59,7 +59,7 @@ protected:
     /// The page of the parameters, the parent of their widgets.
     [[nodiscard]] QWidget& parameterPage() const { return *m_parameterPage; }
 
-    /// The number typed for a parameter; see fieldSingle.
+    /// The number typed for a parameter, see fieldSingle; 0 for a field that is switched off.
     [[nodiscard]] float parameter(std::size_t index) const;
     void showParameter(std::size_t index, float value);
 
