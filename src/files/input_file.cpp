@@ -72,22 +72,22 @@ Result<std::size_t> InputFile::read(char* to, std::size_t size)
 Result<FileBytes> InputFile::readAll()
 {
     // One byte more than the size, so that the end is seen without asking for more room.
-    std::size_t room = m_size + 1;
-    std::unique_ptr<char[]> bytes(new char[room]);
+    FileBytes bytes(m_size + 1);
     std::size_t filled = 0;
     for (;;) {
-        if (filled == room) {
+        if (filled == bytes.room()) {
             // The file has grown since it was opened.
-            std::unique_ptr<char[]> larger(new char[room * 2]);
-            std::memcpy(larger.get(), bytes.get(), filled);
+            FileBytes larger(bytes.room() * 2);
+            std::memcpy(larger.data(), bytes.data(), filled);
             bytes = std::move(larger);
-            room *= 2;
         }
-        const Result<std::size_t> got = read(bytes.get() + filled, room - filled);
+        const Result<std::size_t> got = read(bytes.data() + filled, bytes.room() - filled);
         if (!got.ok())
             return got.error();
-        if (got.value() == 0)
-            return FileBytes(std::move(bytes), filled);
+        if (got.value() == 0) {
+            bytes.size(filled);
+            return bytes;
+        }
         filled += got.value();
     }
 }

@@ -3,6 +3,7 @@
 
 #include "file_calls.h"
 #include "file_error.h"
+#include "large_memory.h"
 
 #include <cstddef>
 #include <memory>
@@ -16,11 +17,21 @@ namespace korvex {
 class FileBytes {
 public:
     FileBytes() = default;
-    FileBytes(std::unique_ptr<char[]> bytes, std::size_t size) : m_bytes(std::move(bytes)), m_size(size) { }
+    explicit FileBytes(std::size_t room) : m_bytes(LargeMemory<char>().allocate(room), {room}) { }
+
+    [[nodiscard]] char* data() { return m_bytes.get(); }
+    [[nodiscard]] std::size_t room() const { return m_bytes.get_deleter().room; }
+    /// How much of the room is filled.
+    void size(std::size_t size) { m_size = size; }
     [[nodiscard]] std::string_view view() const { return {m_bytes.get(), m_size}; }
 
 private:
-    std::unique_ptr<char[]> m_bytes;
+    struct Release {
+        std::size_t room;
+        void operator()(char* bytes) const { LargeMemory<char>().deallocate(bytes, room); }
+    };
+
+    std::unique_ptr<char, Release> m_bytes;
     std::size_t m_size = 0;
 };
 

@@ -1,26 +1,40 @@
 #include "kept_records.h"
 
 #include "arithmetic_fault.h"
+#include "plain_number.h"
+#include "radix_sort.h"
 #include "record_fields.h"
 #include "source_files.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace korvex {
 
 namespace {
 
 /// The source number that pairs with this record; none when the real is not a whole number of 32 bits, for then no
-/// points record can have it.
+/// points record can have it. Throws ArithmeticFault for one beyond the range of a real.
 std::optional<std::int32_t> pairingNumber(std::string_view line)
 {
+    std::int32_t plain = 0;
+    if (PlainFields(line).next(plain))
+        return plain;
     const double number = RecordFields(line).nextReal();
     if (number != std::nearbyint(number) || number < std::numeric_limits<std::int32_t>::min()
         || number > std::numeric_limits<std::int32_t>::max())
         return std::nullopt;
     return static_cast<std::int32_t>(number);
+}
+
+/// Orders as the number does.
+std::uint32_t unsignedKey(std::int32_t number)
+{
+    constexpr std::uint32_t signBit = 0x80000000U;
+    return static_cast<std::uint32_t>(number) ^ signBit;
 }
 
 }  // namespace
@@ -36,23 +50,27 @@ Result<void> KeptRecords::read(InputFile& file)
     const std::string_view text = m_bytes.view();
     std::string_view rest = text;
     std::size_t lineNumber = 0;
+    bool isSorted = true;
     while (!rest.empty()) {
-        const auto begin = static_cast<std::size_t>(rest.data() - text.data());
+        const std::size_t begin = text.size() - rest.size();
         const std::string_view line = takeLine(rest);
         ++lineNumber;
         if (isCommentLine(line))
             continue;
         try {
-            if (const auto number = pairingNumber(line))
-                m_entries.push_back({*number, begin});
+            if (const auto number = pairingNumber(line)) {
+                isSorted = isSorted && (m_entries.empty() || m_entries.back().number <= *number);
+                m_entries.push_back(
+                    {*number, static_cast<std::uint32_t>(begin), static_cast<std::uint32_t>(begin >> 32)});
+            }
         } catch (const ArithmeticFault& fault) {
             return FileError{FileStep::Read, m_path, lineNumber, fault.what()};
         }
     }
-
-    const auto byNumber = [](const Entry& a, const Entry& b) { return a.number < b.number; };
-    if (!std::is_sorted(m_entries.begin(), m_entries.end(), byNumber))
-        std::stable_sort(m_entries.begin(), m_entries.end(), byNumber);
+    if (!isSorted) {
+        constexpr int numberBits = 32;
+        sortByKey(m_entries, numberBits, [](const Entry& entry) { return std::uint64_t{unsignedKey(entry.number)}; });
+    }
     return {};
 }
 
@@ -61,25 +79,55 @@ std::optional<std::string_view> KeptRecords::find(std::int32_t number)
     const auto isFirstOf = [this, number](std::size_t i) {
         return i < m_entries.size() && m_entries[i].number == number && (i == 0 || m_entries[i - 1].number != number);
     };
-    if (!isFirstOf(m_next)) {
-        const auto found = std::lower_bound(m_entries.begin(), m_entries.end(), number,
-            [](const Entry& entry, std::int32_t wanted) { return entry.number < wanted; });
-        m_next = static_cast<std::size_t>(found - m_entries.begin());
-        if (!isFirstOf(m_next))
+    std::size_t found = m_next;
+    if (!isFirstOf(found)) {
+        found = firstNotBelow(number);
+        if (!isFirstOf(found))
             return std::nullopt;
     }
-    return lineAt(m_entries[m_next++].begin);
+    m_next = found + 1;
+    return m_bytes.view().substr(m_entries[found].begin());
+}
+
+/// The first entry with this number or a larger one.
+std::size_t KeptRecords::firstNotBelow(std::int32_t number)
+{
+    if (m_entries.empty() || number <= m_entries.front().number)
+        return 0;
+    if (number > m_entries.back().number)
+        return m_entries.size();
+    if (m_buckets.empty())
+        makeBuckets();
+    const std::size_t bucket = bucketOf(number);
+    const auto found
+        = std::lower_bound(m_entries.begin() + m_buckets[bucket], m_entries.begin() + m_buckets[bucket + 1], number,
+            [](const Entry& entry, std::int32_t wanted) { return entry.number < wanted; });
+    return static_cast<std::size_t>(found - m_entries.begin());
+}
+
+void KeptRecords::makeBuckets()
+{
+    const std::uint64_t range
+        = std::uint64_t{unsignedKey(m_entries.back().number)} - unsignedKey(m_entries.front().number) + 1;
+    m_bucketShift
+        = std::max(0, static_cast<int>(std::bit_width(range)) - static_cast<int>(std::bit_width(m_entries.size())));
+    m_buckets.resize(bucketOf(m_entries.back().number) + 2);
+    std::size_t bucket = 0;
+    for (std::size_t i = 0; i < m_entries.size(); ++i) {
+        for (const std::size_t own = bucketOf(m_entries[i].number); bucket <= own; ++bucket)
+            m_buckets[bucket] = static_cast<std::uint32_t>(i);
+    }
+    m_buckets.back() = static_cast<std::uint32_t>(m_entries.size());
+}
+
+std::size_t KeptRecords::bucketOf(std::int32_t number) const
+{
+    return (unsignedKey(number) - unsignedKey(m_entries.front().number)) >> m_bucketShift;
 }
 
 std::size_t KeptRecords::lineOf(std::string_view record) const
 {
     return static_cast<std::size_t>(1 + std::count(m_bytes.view().data(), record.data(), '\n'));
-}
-
-std::string_view KeptRecords::lineAt(std::size_t begin) const
-{
-    std::string_view rest = m_bytes.view().substr(begin);
-    return takeLine(rest);
 }
 
 }  // namespace korvex

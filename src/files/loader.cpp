@@ -4,9 +4,12 @@
 #include "code_page.h"
 #include "input_file.h"
 #include "kept_records.h"
+#include "plain_records.h"
 #include "record_fields.h"
 #include "source_set.h"
 
+#include <algorithm>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -88,6 +91,9 @@ public:
             return {};
         }
         try {
+            PlainPoints plain;
+            if (plain.read(line.bytes) && takePlain(plain))
+                return {};
             return takeRecord(m_pointsText(line.bytes), line.number);
         } catch (const ArithmeticFault& fault) {
             return faultAt(m_request.files.points, line.number, fault);
@@ -105,6 +111,29 @@ private:
             m_report.comment = decodeCodePage(text);
     }
 
+    /// The fast way: a source with both records in order. False when something is not as nearly always; then nothing
+    /// was done, and the general way tells what there is to tell.
+    bool takePlain(const PlainPoints& points)
+    {
+        const SourceType* const type = sourceTypeOf(points.typeId);
+        if (type == nullptr)
+            return false;
+        const auto description = m_description.find(points.number);
+        PlainParameters parameters;
+        if (!description || !readPlainParameters(*description, type->parameterCount, parameters))
+            return false;
+        std::optional<std::string_view> dust;
+        if (m_dust != nullptr) {
+            dust = m_dust->find(points.number);
+            if (!dust)
+                return false;
+            const std::string_view line = takeLine(*dust);
+            dust = line.substr(std::min(dustNumberWidth, line.size()));
+        }
+        m_set.addPlain(*type, points, parameters, dust);
+        return true;
+    }
+
     /// Throws ArithmeticFault for a number of the points record.
     Result<void> takeRecord(std::string_view record, std::size_t line)
     {
@@ -117,15 +146,15 @@ private:
             m_report.unknownType.push_back({number, line});
             return {};
         }
-        const auto description = m_description.find(number);
-        if (!description) {
+        auto found = m_description.find(number);
+        if (!found) {
             m_report.missingDescription.push_back({number, line});
             // Such a source is not looked up in the dust file either.
             if (m_request.missingDescription == MissingDescription::Accept)
                 m_set.addFromRecords(*type, record, {});
             return {};
         }
-        Result<void> added = addPaired(*type, record, *description);
+        Result<void> added = addPaired(*type, record, takeLine(*found));
         if (added.ok())
             takeDust(number, line);
         return added;
@@ -147,8 +176,8 @@ private:
     {
         if (m_dust == nullptr)
             return;
-        if (const auto dust = m_dust->find(number))
-            m_set.last().LineDust(behindCharacters(m_dustText(*dust), dustNumberWidth));
+        if (auto dust = m_dust->find(number))
+            m_set.last().LineDust(behindCharacters(m_dustText(takeLine(*dust)), dustNumberWidth));
         else
             m_report.missingDust.push_back({number, line});
     }
@@ -208,9 +237,8 @@ Result<void> loadSourceSet(
         set.clear();
     listener.statusText("Porovnávám…");
     listener.progressMaximum(files.points.size());
-    // Records in the usual layout are at least this long; shorter ones make the set grow as it goes.
-    constexpr std::size_t shortestUsualRecord = 46;
-    set.reserve(set.size() + files.points.size() / shortestUsualRecord);
+    // As many sources as descriptions, as a rule; with more the set grows as it goes.
+    set.reserve(set.size() + description.count());
     PointsPass pass(request, description, files.dust ? &dust : nullptr, set, report);
     read = readPoints(files.points, pass, listener);
     if (!read.ok())

@@ -2,6 +2,7 @@
 
 #include "blanks.h"
 #include "code_page.h"
+#include "number_text.h"
 #include "replace_files.h"
 #include "source_rows.h"
 #include "source_set.h"
@@ -65,7 +66,7 @@ public:
         std::size_t replaced = appendLine(m_points, m_line);
         // Nothing but digits and commas: the same bytes in the code page.
         std::string& description = m_description.room();
-        source.appendLineParameters(description);
+        source.appendLineParameters(description, &m_singleTexts);
         description += lineEnd;
         if (m_hasDust) {
             m_line.clear();
@@ -104,6 +105,7 @@ private:
     OutputBytes m_description;
     OutputBytes m_dust;
     std::string m_line;
+    SingleTexts m_singleTexts;
     SaveReport m_report;
 };
 

@@ -19,10 +19,10 @@ public:
         separate();
         m_end = putInteger(m_end, value, pattern);
     }
-    void add(float value)
+    void add(float value, SingleTexts* texts)
     {
         separate();
-        m_end = putSingle(m_end, value);
+        m_end = texts != nullptr ? texts->put(m_end, value) : putSingle(m_end, value);
     }
     [[nodiscard]] std::string_view text() const
     {
@@ -47,6 +47,20 @@ private:
 }  // namespace
 
 cZdroje::cZdroje(const SourceType& type) : m_typeId(static_cast<std::int8_t>(type.TypZdrojeId)) { }
+
+cZdroje::cZdroje(const SourceType& type, const PlainPoints& points, const PlainParameters& parameters,
+    std::optional<std::string_view> dust)
+    : m_texts(points.name, dust)
+    , m_number(points.number)
+    , m_x(points.x)
+    , m_y(points.y)
+    , m_altitude(points.altitude)
+    , m_group(points.group)
+    , m_cluster(points.cluster)
+    , m_parameters(parameters)
+    , m_typeId(static_cast<std::int8_t>(type.TypZdrojeId))
+{
+}
 
 const SourceType& cZdroje::type() const
 {
@@ -119,13 +133,13 @@ std::string cZdroje::LineParameters() const
     return record;
 }
 
-void cZdroje::appendLineParameters(std::string& out) const
+void cZdroje::appendLineParameters(std::string& out, SingleTexts* texts) const
 {
     NumberFields fields;
     fields.add(m_number, Pattern::SourceNumber);
     const auto count = static_cast<std::size_t>(type().parameterCount);
     for (std::size_t i = 0; i < count; ++i)
-        fields.add(m_parameters[i]);
+        fields.add(m_parameters[i], texts);
     if (type().hasDust)
         fields.add(0);
     out += fields.text();

@@ -1,17 +1,20 @@
 // One source of the inventory: its values and its records in the three data files.
 #pragma once
 
+#include "plain_records.h"
 #include "source_texts.h"
 #include "source_type.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace korvex {
 
+class SingleTexts;
 class SourceEditor;
 
 /// A stack, an area or a road segment, told apart by its SourceType. Getters and setters are overloaded pairs.
@@ -21,6 +24,9 @@ class SourceEditor;
 class cZdroje {
 public:
     explicit cZdroje(const SourceType& type);
+    /// Filled from plain records, as LineSource, LineParameters and LineDust would fill it.
+    cZdroje(const SourceType& type, const PlainPoints& points, const PlainParameters& parameters,
+        std::optional<std::string_view> dust);
 
     [[nodiscard]] const SourceType& type() const;
     [[nodiscard]] std::int32_t Icon() const { return type().Icon; }
@@ -46,7 +52,8 @@ public:
 
     /// Record of the description file: number and parameters.
     [[nodiscard]] std::string LineParameters() const;
-    void appendLineParameters(std::string& out) const;
+    /// With the texts of reals remembered when a million records are written.
+    void appendLineParameters(std::string& out, SingleTexts* texts = nullptr) const;
     /// Takes the parameters; missing fields are 0. The number is not looked at: the loader pairs by it.
     void LineParameters(std::string_view record);
 

@@ -1,8 +1,11 @@
 #include "source_rows.h"
 
+#include "large_memory.h"
+#include "radix_sort.h"
 #include "source_set.h"
 
 #include <algorithm>
+#include <bit>
 #include <numeric>
 #include <utility>
 
@@ -64,19 +67,23 @@ void SourceRows::sortByNumber(const SourceSet& set, SortDirection direction)
 
 void SourceRows::sortByRank(std::span<const std::int64_t> ranks, SortDirection direction)
 {
+    if (m_tags.empty())
+        return;
     struct Row {
-        std::int64_t rank;
+        std::uint64_t key;
         std::uint32_t tag;
     };
-    std::vector<Row> rows(m_tags.size());
+    const auto [least, most] = std::minmax_element(ranks.begin(), ranks.end());
+    const auto keyOf = [direction, least = *least, most = *most](std::int64_t rank) {
+        return static_cast<std::uint64_t>(direction == SortDirection::Ascending ? rank - least : most - rank);
+    };
+    std::vector<Row, LargeMemory<Row>> rows(m_tags.size());
     for (std::size_t i = 0; i < rows.size(); ++i)
-        rows[i] = {ranks[m_tags[i] - 1], m_tags[i]};
-    const auto ascending = [](const Row& a, const Row& b) { return a.rank < b.rank; };
-    const auto descending = [](const Row& a, const Row& b) { return a.rank > b.rank; };
-    if (direction == SortDirection::Ascending)
-        std::stable_sort(rows.begin(), rows.end(), ascending);
-    else
-        std::stable_sort(rows.begin(), rows.end(), descending);
+        rows[i] = {keyOf(ranks[m_tags[i] - 1]), m_tags[i]};
+    const auto key = [](const Row& row) { return row.key; };
+    const auto isBefore = [](const Row& a, const Row& b) { return a.key < b.key; };
+    if (!std::is_sorted(rows.begin(), rows.end(), isBefore))
+        sortByKey(rows, static_cast<int>(std::bit_width(static_cast<std::uint64_t>(*most - *least))), key);
     for (std::size_t i = 0; i < rows.size(); ++i)
         m_tags[i] = rows[i].tag;
 }

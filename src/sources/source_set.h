@@ -1,10 +1,12 @@
 // The inventory in memory: an ordered sequence of sources, addressed by 1-based position.
 #pragma once
 
+#include "large_memory.h"
 #include "mark_bitmap.h"
 #include "source.h"
 
 #include <cstddef>
+#include <optional>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -25,10 +27,17 @@ public:
     /// Appends a source of the type, filled from its points and description record (an empty description record
     /// makes all parameters 0). Throws ArithmeticFault, and adds nothing, when a number is out of range.
     void addFromRecords(const SourceType& type, std::string_view points, std::string_view description);
+    /// The same from records that are plain, with the dust description as bytes of the code page; none: that of a new
+    /// source.
+    void addPlain(const SourceType& type, const PlainPoints& points, const PlainParameters& parameters,
+        std::optional<std::string_view> dust)
+    {
+        m_sources.emplace_back(type, points, parameters, dust);
+    }
     /// Removes the sources whose positions are marked; the others keep their order.
     void removeMarked(const MarkBitmap& marks);
     /// Drops everything; the modified flag stays as it is.
-    void clear() { std::vector<cZdroje>().swap(m_sources); }
+    void clear() { Sources().swap(m_sources); }
 
     /// Whether there is something that was not saved yet. Set by the editors' Ok and by deleting marked sources,
     /// cleared by a successful load and save. Deleting all sources does not set it.
@@ -36,7 +45,9 @@ public:
     void modified(bool modified) { m_modified = modified; }
 
 private:
-    std::vector<cZdroje> m_sources;
+    using Sources = std::vector<cZdroje, LargeMemory<cZdroje>>;
+
+    Sources m_sources;
     bool m_modified = false;
 };
 

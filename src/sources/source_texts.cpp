@@ -1,5 +1,7 @@
 #include "source_texts.h"
 
+#include "code_page.h"
+
 #include <cstdint>
 #include <cstring>
 #include <limits>
@@ -25,11 +27,11 @@ Lengths lengthsOf(const char* block)
     return lengths;
 }
 
-std::uint32_t checkedLength(std::string_view text)
+std::uint32_t checkedLength(std::size_t size)
 {
-    if (text.size() >= newDustMark)
+    if (size >= newDustMark)
         throw std::length_error("text of a source");
-    return static_cast<std::uint32_t>(text.size());
+    return static_cast<std::uint32_t>(size);
 }
 
 }  // namespace
@@ -51,6 +53,19 @@ std::string_view SourceTexts::dust() const
     return {m_block.get() + sizeof(Lengths) + lengths.name, lengths.dust};
 }
 
+SourceTexts::SourceTexts(std::string_view name, std::optional<std::string_view> dust)
+{
+    if (dust == newDust)
+        dust.reset();
+    if (name.empty() && !dust)
+        return;
+    const std::size_t nameSize = decodedSize(name);
+    char* const to = makeBlock(nameSize, dust ? std::optional(decodedSize(*dust)) : std::nullopt);
+    putDecoded(to, name);
+    if (dust)
+        putDecoded(to + nameSize, *dust);
+}
+
 void SourceTexts::assign(std::string_view name, std::string_view dust)
 {
     const bool isNewDust = dust == newDust;
@@ -58,16 +73,22 @@ void SourceTexts::assign(std::string_view name, std::string_view dust)
         m_block.reset();
         return;
     }
-    const Lengths lengths{checkedLength(name), isNewDust ? newDustMark : checkedLength(dust)};
-    const std::size_t dustSize = isNewDust ? 0 : dust.size();
-    // Plain new: make_unique would fill the block with zeros first.
-    std::unique_ptr<char[]> block(new char[sizeof lengths + name.size() + dustSize]);
-    char* to = block.get();
-    std::memcpy(to, &lengths, sizeof lengths);
-    to += sizeof lengths;
+    // The texts can be this block's own.
+    const std::unique_ptr<char[]> old = std::move(m_block);
+    char* const to = makeBlock(name.size(), isNewDust ? std::nullopt : std::optional(dust.size()));
     name.copy(to, name.size());
-    dust.copy(to + name.size(), dustSize);
-    m_block = std::move(block);
+    if (!isNewDust)
+        dust.copy(to + name.size(), dust.size());
+}
+
+/// Returns where the name begins; the dust stands behind it.
+char* SourceTexts::makeBlock(std::size_t nameSize, std::optional<std::size_t> dustSize)
+{
+    const Lengths lengths{checkedLength(nameSize), dustSize ? checkedLength(*dustSize) : newDustMark};
+    // Plain new: make_unique would fill the block with zeros first.
+    m_block.reset(new char[sizeof lengths + nameSize + dustSize.value_or(0)]);
+    std::memcpy(m_block.get(), &lengths, sizeof lengths);
+    return m_block.get() + sizeof lengths;
 }
 
 }  // namespace korvex

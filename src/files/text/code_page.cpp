@@ -44,15 +44,21 @@ std::array<Pair, 128> makeInverse()
     return pairs;
 }
 
-void appendUtf8(std::string& out, std::uint16_t character)
+char* putUtf8(char* to, std::uint16_t character)
 {
     if (character < 0x800) {
-        out += static_cast<char>(0xC0 | (character >> 6));
+        *to++ = static_cast<char>(0xC0 | (character >> 6));
     } else {
-        out += static_cast<char>(0xE0 | (character >> 12));
-        out += static_cast<char>(0x80 | ((character >> 6) & 0x3F));
+        *to++ = static_cast<char>(0xE0 | (character >> 12));
+        *to++ = static_cast<char>(0x80 | ((character >> 6) & 0x3F));
     }
-    out += static_cast<char>(0x80 | (character & 0x3F));
+    *to++ = static_cast<char>(0x80 | (character & 0x3F));
+    return to;
+}
+
+std::uint16_t characterOf(char byteBeyondAscii)
+{
+    return upperHalf[static_cast<unsigned char>(byteBeyondAscii) - 0x80U];
 }
 
 /// One character taken from the front of UTF-8 text that begins with a byte above 7F.
@@ -116,18 +122,33 @@ std::size_t asciiLength(std::string_view text)
 
 std::string decodeCodePage(std::string_view bytes)
 {
-    std::string out;
-    out.reserve(bytes.size() + bytes.size() / 8);
-    while (!bytes.empty()) {
-        const std::size_t ascii = asciiLength(bytes);
-        out += bytes.substr(0, ascii);
-        bytes.remove_prefix(ascii);
-        if (bytes.empty())
-            break;
-        appendUtf8(out, upperHalf[static_cast<unsigned char>(bytes.front()) - 0x80U]);
-        bytes.remove_prefix(1);
-    }
+    std::string out(decodedSize(bytes), '\0');
+    putDecoded(out.data(), bytes);
     return out;
+}
+
+std::size_t decodedSize(std::string_view bytes)
+{
+    std::size_t size = bytes.size();
+    for (const char byte : bytes.substr(asciiLength(bytes))) {
+        if (static_cast<unsigned char>(byte) >= 0x80)
+            size += characterOf(byte) < 0x800 ? 1U : 2U;
+    }
+    return size;
+}
+
+char* putDecoded(char* to, std::string_view bytes)
+{
+    const std::size_t ascii = asciiLength(bytes);
+    bytes.copy(to, ascii);
+    to += ascii;
+    for (const char byte : bytes.substr(ascii)) {
+        if (static_cast<unsigned char>(byte) < 0x80)
+            *to++ = byte;
+        else
+            to = putUtf8(to, characterOf(byte));
+    }
+    return to;
 }
 
 std::size_t appendCodePage(std::string& out, std::string_view utf8)

@@ -11,6 +11,11 @@ namespace korvex {
 /// 98 hex) become U+0081 … U+0098, so that any file survives being read and written.
 [[nodiscard]] std::string decodeCodePage(std::string_view bytes);
 
+/// The same in two steps, for a place of the caller's own: how many bytes it takes, and writing them there. Returns the
+/// end of what was written.
+[[nodiscard]] std::size_t decodedSize(std::string_view bytes);
+char* putDecoded(char* to, std::string_view bytes);
+
 /// Appends the code-page bytes of UTF-8 text. A character that the code page lacks, or a byte that is no UTF-8, is
 /// written as "?". Returns how many were.
 std::size_t appendCodePage(std::string& out, std::string_view utf8);

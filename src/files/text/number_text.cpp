@@ -2,12 +2,15 @@
 
 #include "arithmetic_fault.h"
 #include "blanks.h"
+#include "plain_number.h"
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <system_error>
 
@@ -120,89 +123,28 @@ Real readAs(std::string_view text)
     return value;
 }
 
-/// A number as nearly all fields hold it: blanks, a sign, a few digits, perhaps a point and a few more, and behind
-/// it nothing that the lenient rules would still take.
-struct PlainNumber {
-    std::uint64_t digits = 0;  // all digits as one whole number
-    int decimals = 0;          // how many of them stand behind the point
-    bool negative = false;
-    bool plain = false;  // false: only the general rules can tell
-};
-
-PlainNumber takePlain(std::string_view text)
-{
-    constexpr int mostPlainDigits = 15;
-    PlainNumber number;
-    const char* at = text.data();
-    const char* const end = at + text.size();
-    while (at != end && isBlank(*at))
-        ++at;
-    if (at != end && *at == '-') {
-        number.negative = true;
-        ++at;
-    }
-    const char* const first = at;
-    for (; at != end && isDigit(*at); ++at)
-        number.digits = number.digits * 10 + static_cast<std::uint64_t>(*at - '0');
-    auto count = at - first;
-    if (at != end && *at == '.') {
-        const char* const firstDecimal = ++at;
-        for (; at != end && isDigit(*at); ++at)
-            number.digits = number.digits * 10 + static_cast<std::uint64_t>(*at - '0');
-        const auto decimals = at - firstDecimal;
-        number.decimals = static_cast<int>(decimals);
-        count += decimals;
-    }
-    while (at != end && isBlank(*at))
-        ++at;
-    const bool goesOn = at != end && (isDigit(*at) || *at == '.' || *at == 'e' || *at == 'E');
-    number.plain = count > 0 && count <= mostPlainDigits && !goesOn;
-    return number;
-}
-
-/// Powers of ten that a 32-bit real holds exactly. With digits up to 2^24 the quotient is the correctly rounded
-/// value, for both operands are exact; a 64-bit real holds far more digits.
-constexpr std::array<float, 11> exactPowersOfTen{1E0F, 1E1F, 1E2F, 1E3F, 1E4F, 1E5F, 1E6F, 1E7F, 1E8F, 1E9F, 1E10F};
-constexpr std::uint64_t exactSingleDigits = std::uint64_t{1} << 24;
-
-bool hasExactPower(const PlainNumber& number)
-{
-    return number.decimals < static_cast<int>(exactPowersOfTen.size());
-}
-
-template <class Real>
-Real quotient(const PlainNumber& number)
-{
-    const Real magnitude = static_cast<Real>(number.digits)
-        / static_cast<Real>(exactPowersOfTen[static_cast<std::size_t>(number.decimals)]);
-    return number.negative ? -magnitude : magnitude;
-}
-
 }  // namespace
 
 double readReal(std::string_view text)
 {
-    const PlainNumber number = takePlain(text);
-    if (number.plain && hasExactPower(number))
-        return quotient<double>(number);
-    return readAs<double>(text);
+    std::string_view rest = text;
+    const PlainNumber number = PlainNumber::take(rest);
+    return number.isReal() ? number.real() : readAs<double>(text);
 }
 
 float readSingle(std::string_view text)
 {
-    const PlainNumber number = takePlain(text);
-    if (number.plain && hasExactPower(number) && number.digits <= exactSingleDigits)
-        return quotient<float>(number);
-    return readAs<float>(text);
+    std::string_view rest = text;
+    const PlainNumber number = PlainNumber::take(rest);
+    return number.isSingle() ? number.single() : readAs<float>(text);
 }
 
 std::int32_t readInteger(std::string_view text)
 {
-    const PlainNumber number = takePlain(text);
-    if (number.plain && number.decimals == 0 && number.digits <= std::numeric_limits<std::int32_t>::max()) {
-        const auto magnitude = static_cast<std::int32_t>(number.digits);
-        return number.negative ? -magnitude : magnitude;
-    }
+    std::string_view rest = text;
+    const PlainNumber number = PlainNumber::take(rest);
+    if (number.isInteger())
+        return number.integer();
     const double value = std::nearbyint(readReal(text));
     if (value < std::numeric_limits<std::int32_t>::min() || value > std::numeric_limits<std::int32_t>::max())
         throw ArithmeticFault(FaultKind::Overflow, quoted(trimBlanks(text)));
@@ -283,6 +225,16 @@ char* putFixedForm(char* to, const Decimal& decimal)
     return put(to, digits.substr(whole));
 }
 
+/// "000102…99": two digits for one division.
+constexpr std::array<char, 200> digitPairs = [] {
+    std::array<char, 200> pairs{};
+    for (std::size_t i = 0; i < pairs.size() / 2; ++i) {
+        pairs[i * 2] = static_cast<char>('0' + i / 10);
+        pairs[i * 2 + 1] = static_cast<char>('0' + i % 10);
+    }
+    return pairs;
+}();
+
 std::size_t digitCount(std::uint32_t value)
 {
     std::size_t count = 1;
@@ -294,7 +246,12 @@ std::size_t digitCount(std::uint32_t value)
 /// Exactly so many digits, with leading zeros; returns what is left of the value in front of them.
 std::uint32_t putDigits(char* to, std::uint32_t value, std::size_t count)
 {
-    for (std::size_t i = count; i > 0; --i) {
+    std::size_t i = count;
+    for (; i >= 2; i -= 2) {
+        std::memcpy(to + i - 2, digitPairs.data() + value % 100 * 2, 2);
+        value /= 100;
+    }
+    for (; i > 0; --i) {
         to[i - 1] = static_cast<char>('0' + value % 10);
         value /= 10;
     }
@@ -322,15 +279,15 @@ char* putShortDecimal(char* to, float value)
     constexpr float smallestFixed = 1E-4F;
     if (value < smallestFixed)
         return nullptr;
-    for (std::size_t decimals = 0; decimals < exactPowersOfTen.size(); ++decimals) {
-        const double scaled = static_cast<double>(value) * static_cast<double>(exactPowersOfTen[decimals]);
+    for (std::size_t decimals = 0; decimals < PlainNumber::exactPowersOfTen.size(); ++decimals) {
+        const double scaled = static_cast<double>(value) * static_cast<double>(PlainNumber::exactPowersOfTen[decimals]);
         if (scaled >= beyondSevenDigits - 1)
             return nullptr;
         const auto digits = static_cast<std::uint32_t>(scaled + 0.5);
         // Far from a whole number: not worth the division. A real differs from what it stands for by 6E-8 of it.
         if (std::abs(scaled - digits) > scaled * 1E-7)
             continue;
-        if (static_cast<float>(digits) / exactPowersOfTen[decimals] == value)
+        if (static_cast<float>(digits) / PlainNumber::exactPowersOfTen[decimals] == value)
             return putDecimal(to, digits, decimals);
     }
     return nullptr;
@@ -369,6 +326,22 @@ char* putSingle(char* to, float value)
     }
     char* const end = putShortDecimal(to, value);
     return end != nullptr ? end : putShortest(to, value);
+}
+
+char* SingleTexts::put(char* to, float value)
+{
+    constexpr std::uint32_t spread = 2654435769U;  // 2^32 divided by the golden ratio: near reals fall far apart
+    constexpr int bits = 32;
+    const auto valueBits = std::bit_cast<std::uint32_t>(value);
+    Known& known = m_known[(valueBits * spread) >> (bits - sizeBits)];
+    if (known.length == 0 || known.bits != valueBits) {
+        const char* const end = putSingle(known.text.data(), value);
+        known.bits = valueBits;
+        known.length = static_cast<std::uint8_t>(end - known.text.data());
+    }
+    // All of it: copying a few bytes too many is faster than copying just so many.
+    std::memcpy(to, known.text.data(), known.text.size());
+    return to + known.length;
 }
 
 std::string singleText(float value)

@@ -1,10 +1,12 @@
 // Numbers as the data files hold them: a lenient reader and exact writers, none of which obeys a locale.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvex {
 
@@ -32,6 +34,27 @@ constexpr std::size_t widestNumber = 16;
 /// Returns the end of what was written.
 char* putSingle(char* to, float value);
 [[nodiscard]] std::string singleText(float value);
+
+/// Remembers the texts of the reals written last: an inventory has few different ones, and finding the shortest text
+/// takes longer than copying it.
+class SingleTexts {
+public:
+    SingleTexts() : m_known(size) { }
+
+    /// As putSingle.
+    char* put(char* to, float value);
+
+private:
+    struct Known {
+        std::uint32_t bits = 0;
+        std::uint8_t length = 0;  // 0: nothing is remembered here
+        std::array<char, widestNumber - 1> text{};
+    };
+    static constexpr int sizeBits = 13;
+    static constexpr std::size_t size = std::size_t{1} << sizeBits;
+
+    std::vector<Known> m_known;
+};
 
 /// Widths of the display patterns in which every digit position is filled.
 enum class Pattern : int {

@@ -1,0 +1,182 @@
+// The fast way through numbers as nearly all files hold them, beside the general rules in number_text.
+#pragma once
+
+#include "blanks.h"
+
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+#include <string_view>
+
+namespace korvex {
+
+/// Blanks, a minus sign, a few digits, perhaps a point and a few more, blanks; and behind it nothing that the general
+/// rules would still take for a part of the number. What is plain reads the same by both ways; what is not, only the
+/// general rules can tell.
+struct PlainNumber {
+    std::uint64_t digits = 0;  // all digits as one whole number
+    int decimals = 0;          // how many of them stand behind the point
+    bool negative = false;
+    bool plain = false;
+
+    /// The number that stands at the front of the text; what was looked at is taken away from it.
+    static PlainNumber take(std::string_view& text);
+
+    [[nodiscard]] bool isInteger() const
+    {
+        return plain && decimals == 0 && digits <= std::numeric_limits<std::int32_t>::max();
+    }
+    [[nodiscard]] std::int32_t integer() const
+    {
+        const auto magnitude = static_cast<std::int32_t>(digits);
+        return negative ? -magnitude : magnitude;
+    }
+
+    /// Whether single() is the correctly rounded value: digits up to 2^24 and small powers of ten are exact in a
+    /// 32-bit real, and so is then the rounding of their quotient.
+    [[nodiscard]] bool isSingle() const { return isReal() && digits <= exactSingleDigits; }
+    [[nodiscard]] float single() const { return quotient<float>(); }
+    /// The same for a 64-bit real, which holds all the digits a plain number can have.
+    [[nodiscard]] bool isReal() const { return plain && decimals < static_cast<int>(exactPowersOfTen.size()); }
+    [[nodiscard]] double real() const { return quotient<double>(); }
+
+    static constexpr std::array<float, 11> exactPowersOfTen{
+        1E0F, 1E1F, 1E2F, 1E3F, 1E4F, 1E5F, 1E6F, 1E7F, 1E8F, 1E9F, 1E10F};
+
+private:
+    static constexpr int mostDigits = 15;
+    static constexpr std::uint64_t exactSingleDigits = std::uint64_t{1} << 24;
+
+    template <class Real>
+    [[nodiscard]] Real quotient() const
+    {
+        const Real magnitude
+            = static_cast<Real>(digits) / static_cast<Real>(exactPowersOfTen[static_cast<std::size_t>(decimals)]);
+        return negative ? -magnitude : magnitude;
+    }
+};
+
+/// Goes through digits, eight at a time where there is room, and appends them to a number. A number with more than
+/// nineteen overflows, silently: it is then no plain one.
+class DigitRun {
+public:
+    /// Returns how many there were.
+    static int take(const char*& at, const char* end, std::uint64_t& number)
+    {
+        const char* const first = at;
+        constexpr int wide = sizeof(std::uint64_t);
+        while (end - at >= wide) {
+            std::uint64_t bytes = 0;
+            std::memcpy(&bytes, at, sizeof bytes);
+            const int count = leadingDigits(bytes);
+            number = number * powersOfTen[static_cast<std::size_t>(count)] + valueOf(bytes, count);
+            at += count;
+            if (count < wide)
+                return static_cast<int>(at - first);
+        }
+        for (; at != end && static_cast<unsigned char>(*at - '0') < 10; ++at)
+            number = number * 10 + static_cast<std::uint64_t>(*at - '0');
+        return static_cast<int>(at - first);
+    }
+
+private:
+    // The arithmetic below takes the first byte of the text for the lowest of the word.
+    static_assert(std::endian::native == std::endian::little);
+
+    static constexpr std::array<std::uint64_t, 9> powersOfTen{
+        1, 10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000, 100'000'000};
+
+    /// How many bytes from the first are digits: the others differ from '0' by more than nine.
+    static int leadingDigits(std::uint64_t bytes)
+    {
+        const std::uint64_t differences = bytes ^ 0x3030303030303030U;
+        const std::uint64_t others = (differences | (differences + 0x7676767676767676U)) & 0x8080808080808080U;
+        return others == 0 ? 8 : std::countr_zero(others) / 8;
+    }
+
+    /// The number that so many leading digits make: two neighbours are put together, then pairs, then fours.
+    static std::uint64_t valueOf(std::uint64_t bytes, int count)
+    {
+        if (count == 0)
+            return 0;
+        // Zeros in front of the digits in place of what stands behind them.
+        bytes = (bytes ^ 0x3030303030303030U) << (64 - count * 8);
+        bytes = (bytes * 10 + (bytes >> 8)) & 0x00FF00FF00FF00FFU;
+        bytes = (bytes * 100 + (bytes >> 16)) & 0x0000FFFF0000FFFFU;
+        return (bytes * 10'000 + (bytes >> 32)) & 0xFFFFFFFFU;
+    }
+};
+
+inline PlainNumber PlainNumber::take(std::string_view& text)
+{
+    PlainNumber number;
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    while (at != end && isBlank(*at))
+        ++at;
+    if (at != end && *at == '-') {
+        number.negative = true;
+        ++at;
+    }
+    int count = DigitRun::take(at, end, number.digits);
+    if (at != end && *at == '.') {
+        ++at;
+        number.decimals = DigitRun::take(at, end, number.digits);
+        count += number.decimals;
+    }
+    while (at != end && isBlank(*at))
+        ++at;
+    const bool goesOn
+        = at != end && (static_cast<unsigned char>(*at - '0') < 10 || *at == '.' || *at == 'e' || *at == 'E');
+    number.plain = count > 0 && count <= mostDigits && !goesOn;
+    text.remove_prefix(static_cast<std::size_t>(at - text.data()));
+    return number;
+}
+
+/// The fields of a record, as long as they are plain numbers.
+class PlainFields {
+public:
+    explicit PlainFields(std::string_view record) : m_rest(record) { }
+
+    /// The next field. False when it is not there or not plain.
+    [[nodiscard]] bool next(std::int32_t& value)
+    {
+        const PlainNumber number = take();
+        if (!number.isInteger())
+            return false;
+        value = number.integer();
+        return true;
+    }
+    [[nodiscard]] bool next(float& value)
+    {
+        const PlainNumber number = take();
+        if (!number.isSingle())
+            return false;
+        value = number.single();
+        return true;
+    }
+    /// What stands behind the last field.
+    [[nodiscard]] std::string_view rest() const { return m_rest; }
+
+private:
+    PlainNumber take()
+    {
+        if (m_isOver)
+            return {};
+        const PlainNumber number = PlainNumber::take(m_rest);
+        // With anything but a comma behind a number the next field is not here: the general rules find it.
+        if (!m_rest.empty() && m_rest.front() == ',')
+            m_rest.remove_prefix(1);
+        else
+            m_isOver = true;
+        return number;
+    }
+
+    std::string_view m_rest;
+    bool m_isOver = false;
+};
+
+}  // namespace korvex
