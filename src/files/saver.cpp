@@ -61,6 +61,8 @@ public:
 
     void append(const cZdroje& source)
     {
+        if (source.NazevZdroje().find(';') != std::string_view::npos)
+            m_report.semicolonIn.push_back(source.ICZ());
         m_line.clear();
         source.appendLineSource(m_line);
         std::size_t replaced = appendLine(m_points, m_line);

@@ -29,6 +29,8 @@ struct SaveReport {
     /// Numbers of the sources with a character that the code page lacks; it was written as "?".
     std::vector<std::int32_t> replacedIn;
     bool replacedInHeader = false;  // the same for the comment or a file name
+    /// Numbers of the sources with a semicolon in their name: the next load will end the name there.
+    std::vector<std::int32_t> semicolonIn;
 };
 
 /// Writes the sources in the rows' display order and clears the set's modified flag, also when only the marked ones

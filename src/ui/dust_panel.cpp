@@ -181,7 +181,9 @@ bool uscPrach::readLines(const std::string& path, const std::function<void(std::
     const Result<void> read = readGroupsFile(path, take);
     if (read.ok())
         return true;
-    m_shell.boxes.show(this,
+    // While the editor is being made the box belongs to the window behind it.
+    QWidget* const owner = window()->isVisible() ? this : window()->parentWidget();
+    m_shell.boxes.show(owner,
         {QStringLiteral("Čtení skupin prachu ze souboru"), QString::fromStdString(read.error().message()),
             BoxIcon::Critical, BoxButtons::Ok, {}});
     return false;

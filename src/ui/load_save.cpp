@@ -54,18 +54,27 @@ void showLoadError(frmKORVEXZDR& window, const FileError& error, const LoadRepor
         &window, {loadTitle, QString::fromStdString(shown.message()), BoxIcon::Critical, BoxButtons::Ok, {}});
 }
 
-void reportReplacedCharacters(frmKORVEXZDR& window, const SaveReport& report)
+/// What the files cannot hold as it stands in the window.
+void reportLosses(frmKORVEXZDR& window, const SaveReport& report)
 {
-    if (report.replacedIn.empty() && !report.replacedInHeader)
-        return;
-    QString text = QStringLiteral("Některé znaky nelze v souborech uložit a byly nahrazeny otazníkem.");
-    if (!report.replacedIn.empty())
-        text += QStringLiteral("\nPočet zdrojů, kterých se to týká: %1.").arg(report.replacedIn.size());
-    if (report.replacedInHeader)
-        text += QStringLiteral("\nTýká se to i komentáře nebo názvu souboru v hlavičce.");
-    const QString details
-        = detailLines(report.replacedIn, [](std::int32_t number) { return QStringLiteral("zdroj %1").arg(number); });
-    window.shell().boxes.show(&window, {saveTitle, text, BoxIcon::Exclamation, BoxButtons::Ok, details});
+    const auto show = [&window](const QString& text, const std::vector<std::int32_t>& numbers) {
+        const QString details
+            = detailLines(numbers, [](std::int32_t number) { return QStringLiteral("zdroj %1").arg(number); });
+        window.shell().boxes.show(&window, {saveTitle, text, BoxIcon::Exclamation, BoxButtons::Ok, details});
+    };
+    const QString sourceCount = QStringLiteral("\nPočet zdrojů, kterých se to týká: %1.");
+    if (!report.replacedIn.empty() || report.replacedInHeader) {
+        QString text = QStringLiteral("Některé znaky nelze v souborech uložit a byly nahrazeny otazníkem.");
+        if (!report.replacedIn.empty())
+            text += sourceCount.arg(report.replacedIn.size());
+        if (report.replacedInHeader)
+            text += QStringLiteral("\nTýká se to i komentáře nebo názvu souboru v hlavičce.");
+        show(text, report.replacedIn);
+    }
+    if (!report.semicolonIn.empty())
+        show(QStringLiteral("Středník ukončuje v souboru název zdroje: při příštím načtení bude název zkrácen.")
+                + sourceCount.arg(report.semicolonIn.size()),
+            report.semicolonIn);
 }
 
 void recordInIni(const Globals& globals)
@@ -165,7 +174,7 @@ bool saveSources(frmKORVEXZDR& window, SaveScope scope)
         return false;
     }
     recordInIni(globals);
-    reportReplacedCharacters(window, saved.value());
+    reportLosses(window, saved.value());
     return true;
 }
 

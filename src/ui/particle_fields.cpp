@@ -84,9 +84,11 @@ ParticleFields::ParticleFields(QTableView& lsvPrach, QLineEdit& txtPrumer, QLine
     m_table.setColumnWidth(0, numberWidth);
     m_table.setColumnWidth(1, numberWidth * shareWidth / diameterWidth);
 
-    connect(m_table.selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex& row) {
-        if (row.isValid())
-            show(static_cast<std::size_t>(row.row()));
+    // Not the current row: the table makes its first one current when it only gets the focus.
+    connect(m_table.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        const QModelIndexList rows = m_table.selectionModel()->selectedRows();
+        if (!rows.isEmpty())
+            show(static_cast<std::size_t>(rows.front().row()));
     });
     connect(&m_table, &QTableView::clicked, this,
         [this](const QModelIndex& row) { show(static_cast<std::size_t>(row.row())); });

@@ -3,6 +3,7 @@
 
 #include "arithmetic_fault.h"
 #include "saver.h"
+#include "source_editor.h"
 #include "source_rows.h"
 #include "source_set.h"
 
@@ -320,6 +321,33 @@ TEST_F(Saver, TextIsWrittenInTheCodePage)
                                 "dy\r\n"));
     EXPECT_THAT(saved.value().replacedIn, IsEmpty());
     EXPECT_FALSE(saved.value().replacedInHeader);
+}
+
+/// Only an editor can bring such a name: a load ends it at the semicolon.
+class NamingEditor : public SourceEditor {
+public:
+    explicit NamingEditor(std::string name) : m_name(std::move(name)) { }
+    [[nodiscard]] bool edit(const SourceType& /*type*/, SourceValues& values) override
+    {
+        values.name = m_name;
+        return true;
+    }
+
+private:
+    std::string m_name;
+};
+
+TEST_F(Saver, NamesWithASemicolonAreWrittenWholeAndReportedWithTheirSources)
+{
+    add(cPlosnyZdroj, 5, "Skládka");
+    add(cPlosnyZdroj, 4, "");
+    NamingEditor editor("sklad; dvůr");
+    set.last().Edit(editor);
+    const Result<SaveReport> saved = save();
+    ASSERT_TRUE(saved.ok());
+    EXPECT_THAT(saved.value().semicolonIn, ElementsAre(4));
+    EXPECT_THAT(saved.value().replacedIn, IsEmpty());
+    EXPECT_THAT(folder.bytes("body.txt"), testing::HasSubstr(" ;sklad; dv\xF9r\r\n"));
 }
 
 TEST_F(Saver, CharactersThatTheCodePageLacksAreQuestionMarksAndReportedWithTheirSources)

@@ -63,6 +63,7 @@ private slots:
     void particleRule();
     void addedParticleMovesTheFocusToTheDiameter();
     void clickedRowIsCopiedIntoTheFields();
+    void focusAloneCopiesNoRow();
     void keysOfTheFields();
     void pastedDensityPasses();
     void fieldsSelectTheirTextOnFocus();
@@ -363,6 +364,18 @@ void DustPanelTest::clickedRowIsCopiedIntoTheFields()
         QCOMPARE(field("txtZastoupeni").text(), QStringLiteral("0.4"));
         field("txtPrumer").clear();
     }
+}
+
+void DustPanelTest::focusAloneCopiesNoRow()
+{
+    panel().Prach("2500,0,2,10,0.6,50,0.4");
+    field("txtPrumer").setText(QStringLiteral("7"));
+    QTableView& list = part<QTableView>("lsvPrach");
+    list.setFocus(Qt::TabFocusReason);
+    QCOMPARE(field("txtPrumer").text(), QStringLiteral("7"));
+    QTest::keyClick(&list, Qt::Key_Down);
+    QCOMPARE(field("txtPrumer").text(), QStringLiteral("50"));
+    QCOMPARE(field("txtZastoupeni").text(), QStringLiteral("0.4"));
 }
 
 void DustPanelTest::keysOfTheFields()

@@ -1,5 +1,7 @@
 // The save commands: the dialog, the files as bytes, the modified flag, the caller's INI file and the messages.
+#include "dialog_checks.h"
 #include "load_save.h"
+#include "source_windows.h"
 #include "window_harness.h"
 
 #include <QCheckBox>
@@ -54,6 +56,7 @@ private slots:
     void progressBarAndHourglassAreGoneBeforeAMessage();
 
     void charactersThatTheFilesCannotHoldAreReported();
+    void nameThatTheNextLoadWillCutIsReported();
     void charactersOfTheCommentThatTheFilesCannotHoldAreReported();
 
 private:
@@ -337,6 +340,25 @@ void SaveTest::charactersThatTheFilesCannotHoldAreReported()
             BoxIcon::Exclamation, BoxButtons::Ok, QStringLiteral("zdroj 7\nzdroj 8")}));
     QVERIFY(harness().bytes(QStringLiteral("body.txt")).contains(" ;? ?\r\n"));
     QVERIFY(!harness().set().modified());
+}
+
+void SaveTest::nameThatTheNextLoadWillCutIsReported()
+{
+    harness().append(cPlosnyZdroj, 7, QStringLiteral("Sklad"));
+    fill();
+    harness().dialogs.useNext(QStringLiteral("frmPlosnyZdroj"), [](QDialog& editor) {
+        child<QLineEdit>(editor, "txtNazevZdroje").setText(QStringLiteral("Sklad; dvůr"));
+        child<QPushButton>(editor, "cbOK").click();
+    });
+    SourceWindows editor(harness().shell(), harness().set(), harness().window());
+    harness().set().at(harness().set().size()).Edit(editor);
+    harness().boxes.answerNext(BoxAnswer::Ok);
+    saveAs("mnuVSave", confirm);
+    QCOMPARE(describe(harness().boxes.shown().value(0)),
+        describe({saveTitle,
+            QStringLiteral("Středník ukončuje v souboru název zdroje: při příštím načtení bude název zkrácen.\n"
+                           "Počet zdrojů, kterých se to týká: 1."),
+            BoxIcon::Exclamation, BoxButtons::Ok, QStringLiteral("zdroj 7")}));
 }
 
 void SaveTest::charactersOfTheCommentThatTheFilesCannotHoldAreReported()
