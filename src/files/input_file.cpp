@@ -103,19 +103,8 @@ std::string_view takeLine(std::string_view& text)
 Result<bool> LineReader::next(TextLine& line)
 {
     for (;;) {
-        const char* const from = m_buffer.data() + m_searched;
-        const void* const found = m_searched < m_end ? std::memchr(from, '\n', m_end - m_searched) : nullptr;
-        const char* const begin = m_buffer.data() + m_begin;
-        if (found != nullptr) {
-            const char* const newline = static_cast<const char*>(found);
-            const auto length = static_cast<std::size_t>(newline - begin);
-            line.bytes = withoutCarriageReturn({begin, length});
-            line.number = ++m_lineNumber;
-            m_begin += length + 1;
-            m_searched = m_begin;
-            m_position += length + 1;
+        if (takeBufferedLine(line))
             return true;
-        }
         m_searched = m_end;
         const Result<bool> more = refill();
         if (!more.ok())
@@ -130,6 +119,37 @@ Result<bool> LineReader::next(TextLine& line)
             return true;
         }
     }
+}
+
+Result<std::size_t> LineReader::next(std::span<TextLine> lines)
+{
+    const Result<bool> first = next(lines.front());
+    if (!first.ok())
+        return first.error();
+    if (!first.value())
+        return std::size_t{0};
+    std::size_t count = 1;
+    // Reading on would take the lines given so far away.
+    while (count < lines.size() && takeBufferedLine(lines[count]))
+        ++count;
+    return count;
+}
+
+/// A line whose end is in the buffer; false when there is none.
+bool LineReader::takeBufferedLine(TextLine& line)
+{
+    const char* const begin = m_buffer.data() + m_begin;
+    const char* const from = m_buffer.data() + m_searched;
+    const void* const found = m_searched < m_end ? std::memchr(from, '\n', m_end - m_searched) : nullptr;
+    if (found == nullptr)
+        return false;
+    const auto length = static_cast<std::size_t>(static_cast<const char*>(found) - begin);
+    line.bytes = withoutCarriageReturn({begin, length});
+    line.number = ++m_lineNumber;
+    m_begin += length + 1;
+    m_searched = m_begin;
+    m_position += length + 1;
+    return true;
 }
 
 /// Moves the unfinished line to the front and reads a block behind it; false at the end of the file.

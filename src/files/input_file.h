@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -81,10 +82,14 @@ public:
 
     /// False at the end of the file.
     [[nodiscard]] Result<bool> next(TextLine& line);
+    /// The next lines, valid together until more are asked for: at least one and at most as many as there is room for;
+    /// none at the end of the file. Returns how many.
+    [[nodiscard]] Result<std::size_t> next(std::span<TextLine> lines);
     /// How many bytes were used so far.
     [[nodiscard]] std::size_t position() const { return m_position; }
 
 private:
+    [[nodiscard]] bool takeBufferedLine(TextLine& line);
     [[nodiscard]] Result<bool> refill();
 
     InputFile& m_file;

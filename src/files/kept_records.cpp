@@ -98,6 +98,12 @@ std::size_t KeptRecords::firstNotBelow(std::int32_t number)
         return m_entries.size();
     if (m_buckets.empty())
         makeBuckets();
+    return firstInBucket(number);
+}
+
+/// The same for a number between the first and the last, when there are buckets.
+std::size_t KeptRecords::firstInBucket(std::int32_t number) const
+{
     const std::size_t bucket = bucketOf(number);
     const auto found
         = std::lower_bound(m_entries.begin() + m_buckets[bucket], m_entries.begin() + m_buckets[bucket + 1], number,
@@ -123,6 +129,28 @@ void KeptRecords::makeBuckets()
 std::size_t KeptRecords::bucketOf(std::int32_t number) const
 {
     return (unsignedKey(number) - unsignedKey(m_entries.front().number)) >> m_bucketShift;
+}
+
+void KeptRecords::announce(std::span<const std::int32_t> numbers) const
+{
+    // Made by the first look-up out of order.
+    if (m_buckets.empty())
+        return;
+    const auto forEachInRange = [this, numbers](auto fetch) {
+        for (const std::int32_t number : numbers) {
+            if (number >= m_entries.front().number && number <= m_entries.back().number)
+                fetch(number);
+        }
+    };
+    forEachInRange([this](std::int32_t number) { __builtin_prefetch(m_buckets.data() + bucketOf(number)); });
+    forEachInRange([this](std::int32_t number) { __builtin_prefetch(m_entries.data() + m_buckets[bucketOf(number)]); });
+    forEachInRange([this](std::int32_t number) {
+        // A record takes one or two lines of the processor's cache.
+        constexpr std::size_t cacheLine = 64;
+        const char* const record = m_bytes.view().data() + m_entries[firstInBucket(number)].begin();
+        __builtin_prefetch(record);
+        __builtin_prefetch(record + cacheLine);
+    });
 }
 
 std::size_t KeptRecords::lineOf(std::string_view record) const

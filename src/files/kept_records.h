@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,6 +28,10 @@ public:
     /// Its line is taken with takeLine.
     [[nodiscard]] std::optional<std::string_view> find(std::int32_t number);
 
+    /// Tells the processor which records will be looked up soon. In files in random order every look-up waits for
+    /// memory several times; together these waits cost as much as one.
+    void announce(std::span<const std::int32_t> numbers) const;
+
     /// The line of a record given by find, from 1.
     [[nodiscard]] std::size_t lineOf(std::string_view record) const;
     [[nodiscard]] const std::string& path() const { return m_path; }
@@ -45,6 +50,7 @@ private:
     void makeBuckets();
     [[nodiscard]] std::size_t bucketOf(std::int32_t number) const;
     [[nodiscard]] std::size_t firstNotBelow(std::int32_t number);
+    [[nodiscard]] std::size_t firstInBucket(std::int32_t number) const;
 
     std::string m_path;
     FileBytes m_bytes;
@@ -53,7 +59,7 @@ private:
 
     // Made when a look-up is not for the next entry: the numbers are cut into at least half as many equal ranges as
     // there are entries, and each range knows its first entry.
-    std::vector<std::uint32_t> m_buckets;
+    std::vector<std::uint32_t, LargeMemory<std::uint32_t>> m_buckets;
     int m_bucketShift = 0;
 };
 

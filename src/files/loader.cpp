@@ -4,14 +4,18 @@
 #include "code_page.h"
 #include "input_file.h"
 #include "kept_records.h"
+#include "plain_number.h"
 #include "plain_records.h"
 #include "record_fields.h"
 #include "source_set.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace korvex {
 
@@ -82,6 +86,20 @@ public:
         const LoadRequest& request, KeptRecords& description, KeptRecords* dust, SourceSet& set, LoadReport& report)
         : m_request(request), m_description(description), m_dust(dust), m_set(set), m_report(report)
     {
+    }
+
+    /// The lines that will be taken next.
+    void announce(std::span<const TextLine> lines)
+    {
+        m_announced.clear();
+        for (const TextLine& line : lines) {
+            std::int32_t number = 0;
+            if (PlainFields(line.bytes).next(number))
+                m_announced.push_back(number);
+        }
+        m_description.announce(m_announced);
+        if (m_dust != nullptr)
+            m_dust->announce(m_announced);
     }
 
     [[nodiscard]] Result<void> take(const TextLine& line)
@@ -187,26 +205,31 @@ private:
     KeptRecords* m_dust;
     SourceSet& m_set;
     LoadReport& m_report;
+    std::vector<std::int32_t> m_announced;
     DecodedLine m_pointsText;
     DecodedLine m_dustText;
 };
 
 Result<void> readPoints(InputFile& file, PointsPass& pass, ProgressListener& listener)
 {
-    constexpr std::size_t linesBetweenReports = 4096;
-    LineReader lines(file);
-    TextLine line;
-    for (;;) {
-        const Result<bool> more = lines.next(line);
-        if (!more.ok())
-            return more.error();
-        if (!more.value())
+    constexpr std::size_t batchesBetweenReports = 64;
+    LineReader reader(file);
+    std::array<TextLine, 64> batch;
+    for (std::size_t batchNumber = 0;; ++batchNumber) {
+        const Result<std::size_t> count = reader.next(batch);
+        if (!count.ok())
+            return count.error();
+        const std::span<const TextLine> lines = std::span(batch).first(count.value());
+        if (lines.empty())
             return {};
-        Result<void> taken = pass.take(line);
-        if (!taken.ok())
-            return taken;
-        if (line.number % linesBetweenReports == 0)
-            listener.progressValue(lines.position());
+        pass.announce(lines);
+        for (const TextLine& line : lines) {
+            Result<void> taken = pass.take(line);
+            if (!taken.ok())
+                return taken;
+        }
+        if (batchNumber % batchesBetweenReports == 0)
+            listener.progressValue(reader.position());
     }
 }
 

@@ -44,7 +44,7 @@ struct LargeMemory {
 
 private:
     static constexpr std::size_t pageSize = std::size_t{1} << 21;
-    static constexpr std::size_t smallestLarge = pageSize * 2;
+    static constexpr std::size_t smallestLarge = pageSize;
 };
 
 }  // namespace korvex

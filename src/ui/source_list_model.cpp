@@ -1,9 +1,8 @@
 #include "source_list_model.h"
 
 #include "duplicate_check.h"
+#include "name_order.h"
 #include "number_text.h"
-
-#include <QCollator>
 
 #include <algorithm>
 #include <limits>
@@ -156,24 +155,10 @@ void SourceListModel::sortRows(int column, SortDirection direction)
     emit sortChanged();
 }
 
-/// Czech order whatever the user's locale: Čáslav behind cihelna, chata behind hora.
 void SourceListModel::sortByName(SortDirection direction)
 {
-    const QCollator czech(QLocale(QLocale::Czech, QLocale::CzechRepublic));
-    std::vector<std::pair<QCollatorSortKey, std::size_t>> keys;
-    keys.reserve(m_set.size());
-    for (std::size_t position = 1; position <= m_set.size(); ++position)
-        keys.emplace_back(czech.sortKey(shownName(position)), position);
-    std::sort(keys.begin(), keys.end(), [](const auto& a, const auto& b) { return a.first.compare(b.first) < 0; });
-
-    std::vector<std::int64_t> ranks(m_set.size());
-    std::int64_t rank = 0;
-    for (std::size_t i = 0; i < keys.size(); ++i) {
-        if (i > 0 && keys[i - 1].first.compare(keys[i].first) != 0)
-            ++rank;
-        ranks[keys[i].second - 1] = rank;
-    }
-    m_rows.sortByRank(ranks, direction);
+    const auto name = [this](std::size_t index) { return shownName(index + 1); };
+    m_rows.sortByRank(czechRanks(m_set.size(), name), direction);
 }
 
 int SourceListModel::rowCount(const QModelIndex& parent) const

@@ -13,12 +13,12 @@
 
 namespace korvex {
 
-/// Blanks, a minus sign, a few digits, perhaps a point and a few more, blanks; and behind it nothing that the general
-/// rules would still take for a part of the number. What is plain reads the same by both ways; what is not, only the
-/// general rules can tell.
+/// Blanks, a minus sign, a few digits, perhaps a point and a few more, perhaps an exponent, blanks; and behind it
+/// nothing that the general rules would still take for a part of the number. What is plain reads the same by both ways;
+/// what is not, only the general rules can tell.
 struct PlainNumber {
     std::uint64_t digits = 0;  // all digits as one whole number
-    int decimals = 0;          // how many of them stand behind the point
+    int decimals = 0;          // how many of them stand behind the point; an exponent moves it
     bool negative = false;
     bool plain = false;
 
@@ -40,7 +40,10 @@ struct PlainNumber {
     [[nodiscard]] bool isSingle() const { return isReal() && digits <= exactSingleDigits; }
     [[nodiscard]] float single() const { return quotient<float>(); }
     /// The same for a 64-bit real, which holds all the digits a plain number can have.
-    [[nodiscard]] bool isReal() const { return plain && decimals < static_cast<int>(exactPowersOfTen.size()); }
+    [[nodiscard]] bool isReal() const
+    {
+        return plain && decimals >= 0 && decimals < static_cast<int>(exactPowersOfTen.size());
+    }
     [[nodiscard]] double real() const { return quotient<double>(); }
 
     static constexpr std::array<float, 11> exactPowersOfTen{
@@ -48,6 +51,20 @@ struct PlainNumber {
 
 private:
     static constexpr int mostDigits = 15;
+
+    /// Behind the letter; false for an exponent that is not two digits at most, with a sign or none.
+    static bool takeExponent(const char*& at, const char* end, int& decimals)
+    {
+        const bool negative = at != end && *at == '-';
+        if (at != end && (*at == '-' || *at == '+'))
+            ++at;
+        int exponent = 0;
+        const char* const first = at;
+        for (; at != end && static_cast<unsigned char>(*at - '0') < 10 && at - first <= 2; ++at)
+            exponent = exponent * 10 + (*at - '0');
+        decimals += negative ? exponent : -exponent;
+        return at != first && at - first <= 2;
+    }
     static constexpr std::uint64_t exactSingleDigits = std::uint64_t{1} << 24;
 
     template <class Real>
@@ -127,6 +144,9 @@ inline PlainNumber PlainNumber::take(std::string_view& text)
         number.decimals = DigitRun::take(at, end, number.digits);
         count += number.decimals;
     }
+    const bool hasExponent = at != end && (*at == 'e' || *at == 'E');
+    if (hasExponent)
+        count = count > 0 && takeExponent(++at, end, number.decimals) ? count : 0;
     while (at != end && isBlank(*at))
         ++at;
     const bool goesOn
