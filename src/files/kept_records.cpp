@@ -133,8 +133,7 @@ std::size_t KeptRecords::bucketOf(std::int32_t number) const
 
 void KeptRecords::announce(std::span<const std::int32_t> numbers) const
 {
-    // Made by the first look-up out of order.
-    if (m_buckets.empty())
+    if (!isOutOfOrder())
         return;
     const auto forEachInRange = [this, numbers](auto fetch) {
         for (const std::int32_t number : numbers) {

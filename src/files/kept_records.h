@@ -28,6 +28,9 @@ public:
     /// Its line is taken with takeLine.
     [[nodiscard]] std::optional<std::string_view> find(std::int32_t number);
 
+    /// Whether a look-up was not for the next record. Only then announcing the next ones is of use.
+    [[nodiscard]] bool isOutOfOrder() const { return !m_buckets.empty(); }
+
     /// Tells the processor which records will be looked up soon. In files in random order every look-up waits for
     /// memory several times; together these waits cost as much as one.
     void announce(std::span<const std::int32_t> numbers) const;

@@ -91,6 +91,8 @@ public:
     /// The lines that will be taken next.
     void announce(std::span<const TextLine> lines)
     {
+        if (!m_description.isOutOfOrder() && (m_dust == nullptr || !m_dust->isOutOfOrder()))
+            return;
         m_announced.clear();
         for (const TextLine& line : lines) {
             std::int32_t number = 0;

@@ -2,6 +2,7 @@
 
 #include "code_page.h"
 
+#include <array>
 #include <cstdint>
 #include <cstring>
 #include <limits>
@@ -55,15 +56,20 @@ std::string_view SourceTexts::dust() const
 
 SourceTexts::SourceTexts(std::string_view name, std::optional<std::string_view> dust)
 {
-    if (dust == newDust)
-        dust.reset();
-    if (name.empty() && !dust)
+    // Decoded here first where there is room: counting what a text will take is as long a way as decoding it.
+    constexpr std::size_t room = 1024;
+    std::array<char, room> decoded;
+    if (name.size() > room / mostDecodedBytes) {
+        assign(decodeCodePage(name), dust ? decodeCodePage(*dust) : newDust);
         return;
-    const std::size_t nameSize = decodedSize(name);
-    char* const to = makeBlock(nameSize, dust ? std::optional(decodedSize(*dust)) : std::nullopt);
-    putDecoded(to, name);
-    if (dust)
-        putDecoded(to + nameSize, *dust);
+    }
+    const char* const end = putDecoded(decoded.data(), name);
+    const std::string_view decodedName(decoded.data(), static_cast<std::size_t>(end - decoded.data()));
+    // Nothing but digits and commas, as a rule: the same bytes in UTF-8.
+    if (!dust || asciiLength(*dust) == dust->size())
+        assign(decodedName, dust.value_or(newDust));
+    else
+        assign(decodedName, decodeCodePage(*dust));
 }
 
 void SourceTexts::assign(std::string_view name, std::string_view dust)

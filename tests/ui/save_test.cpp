@@ -351,7 +351,7 @@ void SaveTest::nameThatTheNextLoadWillCutIsReported()
         child<QPushButton>(editor, "cbOK").click();
     });
     SourceWindows editor(harness().shell(), harness().set(), harness().window());
-    harness().set().at(harness().set().size()).Edit(editor);
+    harness().set().at(1).Edit(editor);
     harness().boxes.answerNext(BoxAnswer::Ok);
     saveAs("mnuVSave", confirm);
     QCOMPARE(describe(harness().boxes.shown().value(0)),

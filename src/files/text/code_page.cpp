@@ -122,19 +122,9 @@ std::size_t asciiLength(std::string_view text)
 
 std::string decodeCodePage(std::string_view bytes)
 {
-    std::string out(decodedSize(bytes), '\0');
-    putDecoded(out.data(), bytes);
+    std::string out(bytes.size() * mostDecodedBytes, '\0');
+    out.resize(static_cast<std::size_t>(putDecoded(out.data(), bytes) - out.data()));
     return out;
-}
-
-std::size_t decodedSize(std::string_view bytes)
-{
-    std::size_t size = bytes.size();
-    for (const char byte : bytes.substr(asciiLength(bytes))) {
-        if (static_cast<unsigned char>(byte) >= 0x80)
-            size += characterOf(byte) < 0x800 ? 1U : 2U;
-    }
-    return size;
 }
 
 char* putDecoded(char* to, std::string_view bytes)

@@ -11,10 +11,10 @@ namespace korvex {
 /// 98 hex) become U+0081 … U+0098, so that any file survives being read and written.
 [[nodiscard]] std::string decodeCodePage(std::string_view bytes);
 
-/// The same in two steps, for a place of the caller's own: how many bytes it takes, and writing them there. Returns the
-/// end of what was written.
-[[nodiscard]] std::size_t decodedSize(std::string_view bytes);
+/// The same into a place of the caller's own. Returns the end of what was written.
 char* putDecoded(char* to, std::string_view bytes);
+/// No byte takes more than this in UTF-8.
+constexpr std::size_t mostDecodedBytes = 3;
 
 /// Appends the code-page bytes of UTF-8 text. A character that the code page lacks, or a byte that is no UTF-8, is
 /// written as "?". Returns how many were.

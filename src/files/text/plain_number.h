@@ -3,6 +3,7 @@
 
 #include "blanks.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstddef>
@@ -52,6 +53,8 @@ struct PlainNumber {
 private:
     static constexpr int mostDigits = 15;
 
+    /// The digits with their point; returns how many digits there were.
+    static int takeDigits(const char*& at, const char* end, PlainNumber& number);
     /// Behind the letter; false for an exponent that is not two digits at most, with a sign or none.
     static bool takeExponent(const char*& at, const char* end, int& decimals)
     {
@@ -76,56 +79,86 @@ private:
     }
 };
 
-/// Goes through digits, eight at a time where there is room, and appends them to a number. A number with more than
-/// nineteen overflows, silently: it is then no plain one.
-class DigitRun {
+/// Eight characters of a number in one word, taken apart without a branch for each: nearly all numbers have fewer.
+class EightCharacters {
 public:
-    /// Returns how many there were.
-    static int take(const char*& at, const char* end, std::uint64_t& number)
+    explicit EightCharacters(const char* at)
     {
-        const char* const first = at;
-        constexpr int wide = sizeof(std::uint64_t);
-        while (end - at >= wide) {
-            std::uint64_t bytes = 0;
-            std::memcpy(&bytes, at, sizeof bytes);
-            const int count = leadingDigits(bytes);
-            number = number * powersOfTen[static_cast<std::size_t>(count)] + valueOf(bytes, count);
-            at += count;
-            if (count < wide)
-                return static_cast<int>(at - first);
-        }
-        for (; at != end && static_cast<unsigned char>(*at - '0') < 10; ++at)
-            number = number * 10 + static_cast<std::uint64_t>(*at - '0');
-        return static_cast<int>(at - first);
+        // The arithmetic takes the first character for the lowest byte.
+        static_assert(std::endian::native == std::endian::little);
+        std::memcpy(&m_bytes, at, sizeof m_bytes);
+        const std::uint64_t differences = m_bytes ^ zeros;
+        const std::uint64_t notDigits = (differences | (differences + 0x7676767676767676U)) & highBits;
+        const std::uint64_t fromPoint = m_bytes ^ 0x2E2E2E2E2E2E2E2EU;
+        const std::uint64_t points = ~(((fromPoint & ~highBits) + ~highBits) | fromPoint) & highBits;
+        const std::uint64_t others = notDigits & ~points;
+        m_length = others == 0 ? 8 : std::countr_zero(others) / 8;
+        m_points = points & below(m_length);
     }
 
-private:
-    // The arithmetic below takes the first byte of the text for the lowest of the word.
-    static_assert(std::endian::native == std::endian::little);
+    /// Digits with a point among them or none, and all of them seen, because something else comes behind them.
+    [[nodiscard]] bool isWhole() const { return m_length < 8 && (m_points & (m_points - 1)) == 0; }
+    [[nodiscard]] int length() const { return m_length; }
+    [[nodiscard]] int digits() const { return m_length - (m_points != 0 ? 1 : 0); }
+    [[nodiscard]] int decimals() const { return m_points != 0 ? m_length - pointPlace() - 1 : 0; }
 
-    static constexpr std::array<std::uint64_t, 9> powersOfTen{
-        1, 10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000, 100'000'000};
-
-    /// How many bytes from the first are digits: the others differ from '0' by more than nine.
-    static int leadingDigits(std::uint64_t bytes)
+    /// The digits as one number: first the point is taken out, then two neighbours are put together, pairs and fours.
+    [[nodiscard]] std::uint64_t value() const
     {
-        const std::uint64_t differences = bytes ^ 0x3030303030303030U;
-        const std::uint64_t others = (differences | (differences + 0x7676767676767676U)) & 0x8080808080808080U;
-        return others == 0 ? 8 : std::countr_zero(others) / 8;
-    }
-
-    /// The number that so many leading digits make: two neighbours are put together, then pairs, then fours.
-    static std::uint64_t valueOf(std::uint64_t bytes, int count)
-    {
+        const std::uint64_t front = below(m_points != 0 ? pointPlace() : m_length);
+        const std::uint64_t joined = (m_bytes & front) | ((m_bytes >> 8) & ~front);
+        const int count = digits();
         if (count == 0)
             return 0;
         // Zeros in front of the digits in place of what stands behind them.
-        bytes = (bytes ^ 0x3030303030303030U) << (64 - count * 8);
-        bytes = (bytes * 10 + (bytes >> 8)) & 0x00FF00FF00FF00FFU;
-        bytes = (bytes * 100 + (bytes >> 16)) & 0x0000FFFF0000FFFFU;
-        return (bytes * 10'000 + (bytes >> 32)) & 0xFFFFFFFFU;
+        std::uint64_t value = (joined ^ zeros) << (64 - count * 8);
+        value = (value * 10 + (value >> 8)) & 0x00FF00FF00FF00FFU;
+        value = (value * 100 + (value >> 16)) & 0x0000FFFF0000FFFFU;
+        return (value * 10'000 + (value >> 32)) & 0xFFFFFFFFU;
     }
+
+private:
+    static constexpr std::uint64_t zeros = 0x3030303030303030U;
+    static constexpr std::uint64_t highBits = 0x8080808080808080U;
+
+    /// Ones in so many bytes from the first.
+    static std::uint64_t below(int bytes)
+    {
+        return bytes == 8 ? ~std::uint64_t{0} : (std::uint64_t{1} << (bytes * 8)) - 1;
+    }
+    [[nodiscard]] int pointPlace() const { return std::countr_zero(m_points) / 8; }
+
+    std::uint64_t m_bytes = 0;
+    std::uint64_t m_points = 0;  // the high bit of each byte that is a point
+    int m_length = 0;
 };
+
+inline int PlainNumber::takeDigits(const char*& at, const char* end, PlainNumber& number)
+{
+    if (end - at >= 8) {
+        const EightCharacters characters(at);
+        if (characters.isWhole()) {
+            at += characters.length();
+            number.digits = characters.value();
+            number.decimals = characters.decimals();
+            return characters.digits();
+        }
+    }
+    const auto takeRun = [&at, end, &number] {
+        const char* const first = at;
+        // With more than nineteen digits this overflows, without harm: it is then no plain number.
+        for (; at != end && static_cast<unsigned char>(*at - '0') < 10; ++at)
+            number.digits = number.digits * 10 + static_cast<std::uint64_t>(*at - '0');
+        return static_cast<int>(std::min<std::ptrdiff_t>(at - first, mostDigits + 1));
+    };
+    int count = takeRun();
+    if (at != end && *at == '.') {
+        ++at;
+        number.decimals = takeRun();
+        count += number.decimals;
+    }
+    return count;
+}
 
 inline PlainNumber PlainNumber::take(std::string_view& text)
 {
@@ -138,12 +171,7 @@ inline PlainNumber PlainNumber::take(std::string_view& text)
         number.negative = true;
         ++at;
     }
-    int count = DigitRun::take(at, end, number.digits);
-    if (at != end && *at == '.') {
-        ++at;
-        number.decimals = DigitRun::take(at, end, number.digits);
-        count += number.decimals;
-    }
+    int count = takeDigits(at, end, number);
     const bool hasExponent = at != end && (*at == 'e' || *at == 'E');
     if (hasExponent)
         count = count > 0 && takeExponent(++at, end, number.decimals) ? count : 0;
