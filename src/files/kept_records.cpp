@@ -30,6 +30,14 @@ std::optional<std::int32_t> pairingNumber(std::string_view line)
     return static_cast<std::int32_t>(number);
 }
 
+/// As many lines as the text has when it goes on as it begins, and a few more.
+std::size_t estimatedLines(std::string_view text)
+{
+    const std::string_view sample = text.substr(0, std::size_t{1} << 16);
+    const auto lines = static_cast<std::size_t>(std::count(sample.begin(), sample.end(), '\n')) + 1;
+    return sample.empty() ? 0 : lines * (text.size() / sample.size() + 1);
+}
+
 /// Orders as the number does.
 std::uint32_t unsignedKey(std::int32_t number)
 {
@@ -51,6 +59,7 @@ Result<void> KeptRecords::read(InputFile& file)
     std::string_view rest = text;
     std::size_t lineNumber = 0;
     bool isSorted = true;
+    m_entries.reserve(estimatedLines(text));
     while (!rest.empty()) {
         const std::size_t begin = text.size() - rest.size();
         const std::string_view line = takeLine(rest);

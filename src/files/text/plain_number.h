@@ -5,10 +5,8 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <limits>
 #include <string_view>
 
@@ -79,71 +77,8 @@ private:
     }
 };
 
-/// Eight characters of a number in one word, taken apart without a branch for each: nearly all numbers have fewer.
-class EightCharacters {
-public:
-    explicit EightCharacters(const char* at)
-    {
-        // The arithmetic takes the first character for the lowest byte.
-        static_assert(std::endian::native == std::endian::little);
-        std::memcpy(&m_bytes, at, sizeof m_bytes);
-        const std::uint64_t differences = m_bytes ^ zeros;
-        const std::uint64_t notDigits = (differences | (differences + 0x7676767676767676U)) & highBits;
-        const std::uint64_t fromPoint = m_bytes ^ 0x2E2E2E2E2E2E2E2EU;
-        const std::uint64_t points = ~(((fromPoint & ~highBits) + ~highBits) | fromPoint) & highBits;
-        const std::uint64_t others = notDigits & ~points;
-        m_length = others == 0 ? 8 : std::countr_zero(others) / 8;
-        m_points = points & below(m_length);
-    }
-
-    /// Digits with a point among them or none, and all of them seen, because something else comes behind them.
-    [[nodiscard]] bool isWhole() const { return m_length < 8 && (m_points & (m_points - 1)) == 0; }
-    [[nodiscard]] int length() const { return m_length; }
-    [[nodiscard]] int digits() const { return m_length - (m_points != 0 ? 1 : 0); }
-    [[nodiscard]] int decimals() const { return m_points != 0 ? m_length - pointPlace() - 1 : 0; }
-
-    /// The digits as one number: first the point is taken out, then two neighbours are put together, pairs and fours.
-    [[nodiscard]] std::uint64_t value() const
-    {
-        const std::uint64_t front = below(m_points != 0 ? pointPlace() : m_length);
-        const std::uint64_t joined = (m_bytes & front) | ((m_bytes >> 8) & ~front);
-        const int count = digits();
-        if (count == 0)
-            return 0;
-        // Zeros in front of the digits in place of what stands behind them.
-        std::uint64_t value = (joined ^ zeros) << (64 - count * 8);
-        value = (value * 10 + (value >> 8)) & 0x00FF00FF00FF00FFU;
-        value = (value * 100 + (value >> 16)) & 0x0000FFFF0000FFFFU;
-        return (value * 10'000 + (value >> 32)) & 0xFFFFFFFFU;
-    }
-
-private:
-    static constexpr std::uint64_t zeros = 0x3030303030303030U;
-    static constexpr std::uint64_t highBits = 0x8080808080808080U;
-
-    /// Ones in so many bytes from the first.
-    static std::uint64_t below(int bytes)
-    {
-        return bytes == 8 ? ~std::uint64_t{0} : (std::uint64_t{1} << (bytes * 8)) - 1;
-    }
-    [[nodiscard]] int pointPlace() const { return std::countr_zero(m_points) / 8; }
-
-    std::uint64_t m_bytes = 0;
-    std::uint64_t m_points = 0;  // the high bit of each byte that is a point
-    int m_length = 0;
-};
-
 inline int PlainNumber::takeDigits(const char*& at, const char* end, PlainNumber& number)
 {
-    if (end - at >= 8) {
-        const EightCharacters characters(at);
-        if (characters.isWhole()) {
-            at += characters.length();
-            number.digits = characters.value();
-            number.decimals = characters.decimals();
-            return characters.digits();
-        }
-    }
     const auto takeRun = [&at, end, &number] {
         const char* const first = at;
         // With more than nineteen digits this overflows, without harm: it is then no plain number.
