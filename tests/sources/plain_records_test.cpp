@@ -106,7 +106,7 @@ TEST_F(PlainRecords, TextsAreKeptAsByTheGeneralRules)
             EXPECT_EQ(fast.LineDust(), "000000000," + decodeCodePage(dust));
         }
     }
-    EXPECT_EQ(cZdroje(cBodovyZdroj, points, {}, std::nullopt).LineDust(), "000000000,0,0,0");
+    EXPECT_EQ(cZdroje(cBodovyZdroj, PlainPoints(), {}, std::nullopt).LineDust(), "000000000,0,0,0");
 }
 
 }  // namespace
