@@ -83,8 +83,58 @@ Result<void> KeptRecords::read(InputFile& file)
     return {};
 }
 
+void KeptRecords::follow(InputFile& file)
+{
+    m_path = file.path();
+    m_lines.emplace(file);
+}
+
+/// To the next record that pairs with a number.
+void KeptRecords::advance()
+{
+    m_ahead.reset();
+    while (!m_ahead && !m_isAtEnd) {
+        const Result<bool> more = m_lines->next(m_line);
+        if (!more.ok())
+            m_error = more.error();
+        m_isAtEnd = !more.ok() || !more.value();
+        if (m_isAtEnd || isCommentLine(m_line.bytes))
+            continue;
+        try {
+            m_ahead = pairingNumber(m_line.bytes);
+        } catch (const ArithmeticFault& fault) {
+            m_error = FileError{FileStep::Read, m_path, m_line.number, fault.what()};
+            m_isAtEnd = true;
+        }
+    }
+    if (!m_ahead)
+        return;
+    m_isLost = m_isLost || *m_ahead < m_last;
+    m_last = *m_ahead;
+}
+
+std::optional<std::string_view> KeptRecords::findAhead(std::int32_t number)
+{
+    m_isLost = m_isLost || (m_asked && number < *m_asked);
+    m_asked = number;
+    while (!m_isAtEnd && !m_isLost && (!m_ahead || *m_ahead < number))
+        advance();
+    if (m_isLost || !m_ahead || *m_ahead != number)
+        return std::nullopt;
+    return m_line.bytes;
+}
+
+Result<void> KeptRecords::finish()
+{
+    while (!m_isAtEnd && !m_isLost)
+        advance();
+    return m_error ? Result<void>(*m_error) : Result<void>();
+}
+
 std::optional<std::string_view> KeptRecords::find(std::int32_t number)
 {
+    if (m_lines)
+        return findAhead(number);
     const auto isFirstOf = [this, number](std::size_t i) {
         return i < m_entries.size() && m_entries[i].number == number && (i == 0 || m_entries[i - 1].number != number);
     };
@@ -163,6 +213,8 @@ void KeptRecords::announce(std::span<const std::int32_t> numbers) const
 
 std::size_t KeptRecords::lineOf(std::string_view record) const
 {
+    if (m_lines)
+        return m_line.number;
     return static_cast<std::size_t>(1 + std::count(m_bytes.view().data(), record.data(), '\n'));
 }
 

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <span>
 #include <string>
@@ -15,8 +16,18 @@
 
 namespace korvex {
 
+/// Read whole, or followed line by line while the points file is read. Following takes next to no memory, but can only
+/// be done while both files are in number order.
 class KeptRecords {
 public:
+    /// Follows the file, which has to live as long as this.
+    void follow(InputFile& file);
+    /// Whether a followed file turned out not to be in number order, or was asked for a number that it has passed: what
+    /// was found until then is of no use.
+    [[nodiscard]] bool isLost() const { return m_isLost; }
+    /// Goes to the end of a followed file. An error is what read would have said.
+    [[nodiscard]] Result<void> finish();
+
     /// Reads the file to its end and keeps every line that is not a comment. A number (field 1) beyond the range of
     /// a real is an error that names its line.
     [[nodiscard]] Result<void> read(InputFile& file);
@@ -24,8 +35,8 @@ public:
     /// How many records there are.
     [[nodiscard]] std::size_t count() const { return m_entries.size(); }
 
-    /// The record with this number that comes first in the file: the bytes from its beginning to the end of the file.
-    /// Its line is taken with takeLine.
+    /// The record with this number that comes first in the file: the bytes from its beginning to the end of its line or
+    /// of the file. The line is taken with takeLine; of a followed file it is valid until the next call.
     [[nodiscard]] std::optional<std::string_view> find(std::int32_t number);
 
     /// Whether a look-up was not for the next record. Only then announcing the next ones is of use.
@@ -50,12 +61,26 @@ private:
         [[nodiscard]] std::size_t begin() const { return std::size_t{beginHigh} << 32 | beginLow; }
     };
 
+    [[nodiscard]] std::optional<std::string_view> findAhead(std::int32_t number);
+    void advance();
     void makeBuckets();
     [[nodiscard]] std::size_t bucketOf(std::int32_t number) const;
     [[nodiscard]] std::size_t firstNotBelow(std::int32_t number);
     [[nodiscard]] std::size_t firstInBucket(std::int32_t number) const;
 
     std::string m_path;
+
+    // Of a followed file: the record ahead, none before the first and behind the last; and what went wrong.
+    std::optional<LineReader> m_lines;
+    TextLine m_line;
+    std::optional<std::int32_t> m_ahead;
+    std::optional<std::int32_t> m_asked;
+    std::int64_t m_last = std::numeric_limits<std::int64_t>::min();
+    bool m_isAtEnd = false;
+    bool m_isLost = false;
+    std::optional<FileError> m_error;
+
+    // Of a file read whole.
     FileBytes m_bytes;
     std::vector<Entry, LargeMemory<Entry>> m_entries;  // by number; entries of one number in file order
     std::size_t m_next = 0;  // files are mostly in the same order: the next look-up is likely to be for this

@@ -52,26 +52,27 @@ struct OpenFiles {
 };
 
 /// contents: what the file holds, for the one that has no name.
-Result<InputFile> openAnnounced(
-    const std::string& path, const char* contents, ProgressListener& listener, FileCalls& calls)
+Result<InputFile> openNamed(const std::string& path, const char* contents, ProgressListener* listener, FileCalls& calls)
 {
     if (path.empty())
         return FileError{FileStep::Open, path, 0, std::string("Není zadán soubor s ") + contents + "."};
-    listener.statusText("Otevírám " + path);
+    if (listener != nullptr)
+        listener->statusText("Otevírám " + path);
     return InputFile::open(path, calls);
 }
 
-Result<OpenFiles> openFiles(const SourceFiles& files, ProgressListener& listener, FileCalls& calls)
+/// listener: is told the names; null when it was told them before.
+Result<OpenFiles> openFiles(const SourceFiles& files, ProgressListener* listener, FileCalls& calls)
 {
-    Result<InputFile> points = openAnnounced(files.points, "body", listener, calls);
+    Result<InputFile> points = openNamed(files.points, "body", listener, calls);
     if (!points.ok())
         return points.error();
-    Result<InputFile> description = openAnnounced(files.description, "popisem", listener, calls);
+    Result<InputFile> description = openNamed(files.description, "popisem", listener, calls);
     if (!description.ok())
         return description.error();
     OpenFiles open{std::move(points.value()), std::move(description.value()), std::nullopt};
     if (!files.dust.empty()) {
-        Result<InputFile> dust = openAnnounced(files.dust, "prachem", listener, calls);
+        Result<InputFile> dust = openNamed(files.dust, "prachem", listener, calls);
         if (!dust.ok())
             return dust.error();
         open.dust.emplace(std::move(dust.value()));
@@ -86,6 +87,19 @@ public:
         const LoadRequest& request, KeptRecords& description, KeptRecords* dust, SourceSet& set, LoadReport& report)
         : m_request(request), m_description(description), m_dust(dust), m_set(set), m_report(report)
     {
+    }
+
+    /// Whether a followed file is not in number order.
+    [[nodiscard]] bool isLost() const { return m_description.isLost() || (m_dust != nullptr && m_dust->isLost()); }
+
+    /// Makes room for the sources of the whole file, going by those of its beginning.
+    void expect(std::size_t fileSize, std::size_t position)
+    {
+        // A little more: to run short at the end would mean to copy all.
+        const std::size_t all = m_set.size() * (fileSize / 16) / (position / 16);
+        // Not more than a file that only begins with short records could make us ask for.
+        constexpr std::size_t most = 4'000'000;
+        m_set.reserve(std::min(all + all / 16, most));
     }
 
     /// The lines that will be taken next.
@@ -212,17 +226,18 @@ private:
     DecodedLine m_dustText;
 };
 
+/// Reads the points file to its end, to an error, or to where one of the followed files is lost.
 Result<void> readPoints(InputFile& file, PointsPass& pass, ProgressListener& listener)
 {
     constexpr std::size_t batchesBetweenReports = 64;
     LineReader reader(file);
     std::array<TextLine, 64> batch;
-    for (std::size_t batchNumber = 0;; ++batchNumber) {
+    for (std::size_t batchNumber = 1;; ++batchNumber) {
         const Result<std::size_t> count = reader.next(batch);
         if (!count.ok())
             return count.error();
         const std::span<const TextLine> lines = std::span(batch).first(count.value());
-        if (lines.empty())
+        if (lines.empty() || pass.isLost())
             return {};
         pass.announce(lines);
         for (const TextLine& line : lines) {
@@ -230,21 +245,52 @@ Result<void> readPoints(InputFile& file, PointsPass& pass, ProgressListener& lis
             if (!taken.ok())
                 return taken;
         }
-        if (batchNumber % batchesBetweenReports == 0)
+        if (batchNumber % batchesBetweenReports == 0) {
             listener.progressValue(reader.position());
+            if (batchNumber == batchesBetweenReports)
+                pass.expect(file.size(), reader.position());
+        }
     }
 }
 
-}  // namespace
-
-Result<void> loadSourceSet(
-    const LoadRequest& request, SourceSet& set, LoadReport& report, ProgressListener& listener, FileCalls& calls)
+/// The way of files in number order: the description and dust files are followed beside the points file. The sources
+/// are gathered apart and join the set when both files are known to be sound to their ends. False when a file is not in
+/// order: nothing was done.
+Result<bool> loadInOrder(
+    const LoadRequest& request, OpenFiles& files, SourceSet& set, LoadReport& report, ProgressListener& listener)
 {
-    Result<OpenFiles> opened = openFiles(request.files, listener, calls);
-    if (!opened.ok())
-        return opened.error();
-    OpenFiles& files = opened.value();
+    KeptRecords description;
+    description.follow(files.description);
+    KeptRecords dust;
+    if (files.dust)
+        dust.follow(*files.dust);
+    SourceSet loaded;
+    LoadReport found;
+    PointsPass pass(request, description, files.dust ? &dust : nullptr, loaded, found);
+    const Result<void> read = readPoints(files.points, pass, listener);
 
+    const Result<void> descriptionEnd = description.finish();
+    const Result<void> dustEnd = files.dust ? dust.finish() : Result<void>();
+    if (pass.isLost())
+        return false;
+    if (!descriptionEnd.ok())
+        return descriptionEnd.error();
+    if (!dustEnd.ok())
+        return dustEnd.error();
+    found.setTouched = true;
+    report = std::move(found);
+    if (request.mode == LoadMode::Replace)
+        set.clear();
+    set.append(std::move(loaded));
+    if (!read.ok())
+        return read.error();
+    return true;
+}
+
+/// The way of files in any order: the description and dust records are kept by number.
+Result<void> loadByIndex(
+    const LoadRequest& request, OpenFiles& files, SourceSet& set, LoadReport& report, ProgressListener& listener)
+{
     KeptRecords description;
     Result<void> read = description.read(files.description);
     if (!read.ok())
@@ -260,14 +306,34 @@ Result<void> loadSourceSet(
     report.setTouched = true;
     if (request.mode == LoadMode::Replace)
         set.clear();
-    listener.statusText("Porovnávám…");
-    listener.progressMaximum(files.points.size());
     // As many sources as descriptions, as a rule; with more the set grows as it goes.
     set.reserve(set.size() + description.count());
     PointsPass pass(request, description, files.dust ? &dust : nullptr, set, report);
-    read = readPoints(files.points, pass, listener);
-    if (!read.ok())
-        return read;
+    return readPoints(files.points, pass, listener);
+}
+
+}  // namespace
+
+Result<void> loadSourceSet(
+    const LoadRequest& request, SourceSet& set, LoadReport& report, ProgressListener& listener, FileCalls& calls)
+{
+    Result<OpenFiles> opened = openFiles(request.files, &listener, calls);
+    if (!opened.ok())
+        return opened.error();
+    listener.statusText("Porovnávám…");
+    listener.progressMaximum(opened.value().points.size());
+    const Result<bool> inOrder = loadInOrder(request, opened.value(), set, report, listener);
+    if (!inOrder.ok())
+        return inOrder.error();
+    if (!inOrder.value()) {
+        // From the beginning, and in silence: the user was told already.
+        Result<OpenFiles> again = openFiles(request.files, nullptr, calls);
+        if (!again.ok())
+            return again.error();
+        Result<void> loaded = loadByIndex(request, again.value(), set, report, listener);
+        if (!loaded.ok())
+            return loaded;
+    }
     set.modified(false);
     return {};
 }

@@ -1,5 +1,6 @@
 #include "source_set.h"
 
+#include <iterator>
 #include <utility>
 
 namespace korvex {
@@ -10,6 +11,16 @@ void SourceSet::addFromRecords(const SourceType& type, std::string_view points, 
     source.LineSource(points);
     source.LineParameters(description);
     append(std::move(source));
+}
+
+void SourceSet::append(SourceSet&& other)
+{
+    if (m_sources.empty())
+        m_sources = std::move(other.m_sources);
+    else
+        m_sources.insert(m_sources.end(), std::make_move_iterator(other.m_sources.begin()),
+            std::make_move_iterator(other.m_sources.end()));
+    other.clear();
 }
 
 void SourceSet::removeMarked(const MarkBitmap& marks)

@@ -24,6 +24,8 @@ public:
 
     void reserve(std::size_t size) { m_sources.reserve(size); }
     void append(cZdroje source) { m_sources.push_back(std::move(source)); }
+    /// All sources of another set, in their order; an empty set takes them over as they are.
+    void append(SourceSet&& other);
     /// Appends a source of the type, filled from its points and description record (an empty description record
     /// makes all parameters 0). Throws ArithmeticFault, and adds nothing, when a number is out of range.
     void addFromRecords(const SourceType& type, std::string_view points, std::string_view description);
