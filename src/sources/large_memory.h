@@ -12,7 +12,7 @@ namespace korvex {
 /// large inventory that takes a fifth of the time of a load, and nearly none in pages of two megabytes.
 template <class T>
 struct LargeMemory {
-    using value_type = T;
+    using value_type = T;  // NOLINT(readability-identifier-naming): the library asks for this name
 
     LargeMemory() = default;
     template <class U>
@@ -37,7 +37,7 @@ struct LargeMemory {
         if (count * sizeof(T) < smallestLarge)
             ::operator delete(memory);
         else
-            std::free(memory);
+            std::free(memory);  // NOLINT(cppcoreguidelines-no-malloc): what was aligned is freed so
     }
 
     friend bool operator==(const LargeMemory& /*a*/, const LargeMemory& /*b*/) { return true; }

@@ -19,7 +19,8 @@ protected:
     void fill(const SourceValues& values) override;
 
 private:
-    enum Parameter { tsOrDeltaH = 3, d = 4, w0 = 5 };
+    // The symbols of the method.
+    enum Parameter { tsOrDeltaH = 3, d = 4, w0 = 5 };  // NOLINT(readability-identifier-naming)
 
     [[nodiscard]] bool isPlumeRise() const;
     void choiceMade();

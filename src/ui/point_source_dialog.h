@@ -12,7 +12,8 @@ public:
     frmBodovyZdroj(Shell& shell, QWidget& owner);
 
 private:
-    enum Parameter { M, H, Vs, ts, d, w0, Alfa, Pd };
+    // The symbols of the method.
+    enum Parameter { M, H, Vs, ts, d, w0, Alfa, Pd };  // NOLINT(readability-identifier-naming)
 
     void connectCalculation(QPushButton& button, void (frmBodovyZdroj::*calculate)());
     void calculateVs();

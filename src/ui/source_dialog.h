@@ -80,7 +80,7 @@ private:
     SourceValues m_values;
     bool m_isNumberTyped = false;
 
-    QTabWidget* SSTab1;
+    QTabWidget* SSTab1;  // NOLINT(readability-identifier-naming)
     uscPopis* uscPopis1;
     uscPrach* uscPrach1 = nullptr;
     QWidget* m_parameterPage;

@@ -248,7 +248,7 @@ std::uint32_t putDigits(char* to, std::uint32_t value, std::size_t count)
 {
     std::size_t i = count;
     for (; i >= 2; i -= 2) {
-        std::memcpy(to + i - 2, digitPairs.data() + value % 100 * 2, 2);
+        std::memcpy(to + i - 2, digitPairs.data() + std::size_t{value % 100} * 2, 2);
         value /= 100;
     }
     for (; i > 0; --i) {
