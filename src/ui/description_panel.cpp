@@ -2,6 +2,7 @@
 
 #include "field_behaviour.h"
 #include "number_text.h"
+#include "text_conversion.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -112,7 +113,7 @@ std::string uscPopis::NazevZdroje() const
 
 void uscPopis::NazevZdroje(std::string_view name)
 {
-    txtNazevZdroje->setText(QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+    txtNazevZdroje->setText(toQString(name));
     txtNazevZdroje->setCursorPosition(0);
 }
 

@@ -7,6 +7,7 @@
 #include "field_behaviour.h"
 #include "file_dialogs.h"
 #include "globals.h"
+#include "group_list_model.h"
 #include "guard.h"
 #include "help_key.h"
 #include "ini_write.h"
@@ -14,6 +15,7 @@
 #include "number_text.h"
 #include "particle_fields.h"
 #include "placement.h"
+#include "text_conversion.h"
 #include "user_folders.h"
 
 #include <QFile>
@@ -45,21 +47,6 @@ const QString fileFilter
 const QString writeErrorTitle = QStringLiteral("Chyba při zápisu do souboru");
 const QString saveTitle = QStringLiteral("Uložení skupin prachu");
 
-QString toQString(std::string_view utf8)
-{
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
-QString pathText(const std::string& path)
-{
-    return QFile::decodeName(QByteArray::fromStdString(path));
-}
-
-std::string pathOf(const QString& text)
-{
-    return QFile::encodeName(text).toStdString();
-}
-
 template <class Widget>
 Widget* named(Widget* widget, const char* name)
 {
@@ -75,26 +62,6 @@ QLabel* labelOf(QWidget* field, const QString& caption)
 }
 
 }  // namespace
-
-void GroupListModel::refill()
-{
-    beginResetModel();
-    m_shownCount = static_cast<int>(m_groups.count());
-    endResetModel();
-}
-
-int GroupListModel::rowCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : m_shownCount;
-}
-
-QVariant GroupListModel::data(const QModelIndex& index, int role) const
-{
-    if (!index.isValid() || role != Qt::DisplayRole || static_cast<std::size_t>(index.row()) >= m_groups.count())
-        return {};
-    const std::string& line = m_groups.line(static_cast<std::size_t>(index.row()));
-    return QStringLiteral("%1. %2").arg(groupNumberOf(line)).arg(toQString(groupNameOf(line)));
-}
 
 frmSkupinyPrachu::frmSkupinyPrachu(Shell& shell, QWidget* owner)
     : QDialog(owner), m_shell(shell), m_groupList(new GroupListModel(m_groups, this))
@@ -437,7 +404,7 @@ void frmSkupinyPrachu::OtevriSkupiny(const std::string& path, GroupListAfterRead
 
 void frmSkupinyPrachu::UlozSkupiny(const std::string& path)
 {
-    const SafetyCopies copies(QFile::encodeName(stateFolder()).toStdString());
+    const SafetyCopies copies(pathOf(stateFolder()));
     const Result<std::vector<std::size_t>> saved = saveGroupsFile(path, lineText(*txtKomentar), m_groups, copies);
     m_saveFailed = !saved.ok();
     if (m_saveFailed) {

@@ -4,7 +4,6 @@
 #include "group_lines.h"
 #include "shell.h"
 
-#include <QAbstractListModel>
 #include <QDialog>
 
 #include <cstddef>
@@ -21,25 +20,8 @@ class QTableView;
 namespace korvex {
 
 class FreePlacement;
+class GroupListModel;
 class ParticleFields;
-
-/// Number and name of each stored group line, made up when they are shown.
-class GroupListModel : public QAbstractListModel {
-    Q_OBJECT
-
-public:
-    GroupListModel(const GroupLines& groups, QObject* parent) : QAbstractListModel(parent), m_groups(groups) { }
-
-    /// The lines have changed, or will with the change.
-    void refill();
-
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
-    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
-
-private:
-    const GroupLines& m_groups;
-    int m_shownCount = 0;
-};
 
 enum class GroupListAfterReading { Refill, Keep };
 

@@ -11,9 +11,9 @@
 #include "normalize_decimal.h"
 #include "number_text.h"
 #include "particle_fields.h"
+#include "text_conversion.h"
 
 #include <QComboBox>
-#include <QFile>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -116,7 +116,7 @@ void uscPrach::refillGroups()
     for (std::int32_t i = 1; i <= m_groups.Count(); ++i)
         cboPrachoveSkupiny->addItem(QString::fromStdString(m_groups.SkupinaNazev(i)), m_groups.SkupinaCislo(i));
     cboPrachoveSkupiny->setCurrentIndex(0);
-    const QString path = QFile::decodeName(QByteArray::fromStdString(m_groups.FileName()));
+    const QString path = pathText(m_groups.FileName());
     cmdSkupinyPrachu->setToolTip(QStringLiteral("Soubor s prachovými skupinami (") + path + QLatin1Char(')'));
 }
 

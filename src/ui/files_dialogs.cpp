@@ -6,9 +6,9 @@
 #include "first_comment.h"
 #include "globals.h"
 #include "placement.h"
+#include "text_conversion.h"
 
 #include <QCheckBox>
-#include <QFile>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -20,14 +20,9 @@ namespace korvex {
 
 namespace {
 
-QString toQString(const std::string& path)
+std::string trimmedPath(const QLineEdit& field)
 {
-    return QFile::decodeName(QByteArray::fromStdString(path));
-}
-
-std::string pathOf(const QLineEdit& field)
-{
-    return QFile::encodeName(field.text().trimmed()).toStdString();
+    return pathOf(field.text().trimmed());
 }
 
 /// What the titles of the file dialogs call the files, and the purposes under which they remember the last one.
@@ -45,9 +40,9 @@ FilesDialog::FilesDialog(
 {
     setObjectName(name);
     setWindowModality(Qt::WindowModal);
-    m_rows = {addFileRow(QStringLiteral("BOD"), QStringLiteral("Soubor s &body:"), toQString(current.points)),
-        addFileRow(QStringLiteral("POP"), QStringLiteral("Soubor s pop&isem:"), toQString(current.description)),
-        addFileRow(QStringLiteral("PRA"), QStringLiteral("Soubor s pr&achem:"), toQString(current.dust))};
+    m_rows = {addFileRow(QStringLiteral("BOD"), QStringLiteral("Soubor s &body:"), pathText(current.points)),
+        addFileRow(QStringLiteral("POP"), QStringLiteral("Soubor s pop&isem:"), pathText(current.description)),
+        addFileRow(QStringLiteral("PRA"), QStringLiteral("Soubor s pr&achem:"), pathText(current.dust))};
     tbBOD = m_rows[0].field;
     tbPOP = m_rows[1].field;
     tbPRA = m_rows[2].field;
@@ -108,7 +103,7 @@ void FilesDialog::finish()
 
 SourceFiles FilesDialog::files() const
 {
-    return {pathOf(*tbBOD), pathOf(*tbPOP), chNoPrach->isChecked() ? std::string() : pathOf(*tbPRA)};
+    return {trimmedPath(*tbBOD), trimmedPath(*tbPOP), chNoPrach->isChecked() ? std::string() : trimmedPath(*tbPRA)};
 }
 
 void FilesDialog::done(int result)
@@ -168,7 +163,7 @@ LoadMode frmLoadZdroje::mode() const
 
 void frmLoadZdroje::pointsFileChosen()
 {
-    const Result<std::string> comment = firstComment(pathOf(*tbBOD));
+    const Result<std::string> comment = firstComment(trimmedPath(*tbBOD));
     // A file that cannot be read is reported when it is loaded.
     lbKomentarBOD->setText(comment.ok() ? QString::fromStdString(comment.value()) : QString());
 }

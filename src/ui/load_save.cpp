@@ -10,10 +10,9 @@
 #include "main_window.h"
 #include "message_boxes.h"
 #include "text_clipboard.h"
+#include "text_conversion.h"
 #include "user_folders.h"
 #include "window_progress.h"
-
-#include <QFile>
 
 #include <vector>
 
@@ -163,7 +162,7 @@ bool saveSources(frmKORVEXZDR& window, SaveScope scope)
     request.files = globals.files;
     request.comment = window.comment().toStdString();
     request.scope = scope;
-    request.copies = SafetyCopies(QFile::encodeName(stateFolder()).toStdString());
+    request.copies = SafetyCopies(pathOf(stateFolder()));
     const Result<SaveReport> saved = [&] {
         WindowProgress progress(window.statusLabel(), window.progressBar());
         return saveSourceSet(request, window.list().set(), window.list().rows(), progress);

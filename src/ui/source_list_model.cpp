@@ -3,6 +3,7 @@
 #include "duplicate_check.h"
 #include "name_order.h"
 #include "number_text.h"
+#include "text_conversion.h"
 
 #include <algorithm>
 #include <limits>
@@ -12,11 +13,6 @@
 namespace korvex {
 
 namespace {
-
-QString toQString(std::string_view utf8)
-{
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
 
 QIcon smallIcon(const QString& name)
 {
