@@ -161,9 +161,11 @@ Result<bool> LineReader::refill()
         m_searched -= m_begin;
         m_begin = 0;
     }
-    // Doubling keeps a line of many megabytes from being moved once a block.
-    if (m_buffer.size() - m_end < blockSize)
-        m_buffer.resize(std::max(m_buffer.size() * 2, 2 * blockSize));
+    // Doubling keeps a line of many megabytes from being moved once a block. A small file needs no more than its size
+    // and a byte for its end.
+    const std::size_t wanted = std::min(blockSize, m_file.size() + 1);
+    if (m_buffer.size() - m_end < wanted)
+        m_buffer.resize(std::max(m_buffer.size() * 2, 2 * wanted));
     const Result<std::size_t> got = m_file.read(m_buffer.data() + m_end, m_buffer.size() - m_end);
     if (!got.ok())
         return got.error();
