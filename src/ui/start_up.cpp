@@ -5,7 +5,32 @@
 #include "load_save.h"
 #include "main_window.h"
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QEventLoop>
+#include <QTimer>
+#include <QWindow>
+
+#include <chrono>
+
 namespace korvex {
+
+namespace {
+
+/// A load begins at once and takes a second for a large inventory: without this the window would stay black so long,
+/// for it is painted only when the display says that it can be seen. What the user does meanwhile is kept for later.
+void waitUntilPainted(const QWidget& window)
+{
+    constexpr std::chrono::seconds longest(1);  // a window started minimised never is
+    constexpr std::chrono::milliseconds pause(20);
+    const QDeadlineTimer deadline(longest);
+    QTimer wakeUp;
+    wakeUp.start(pause);
+    while (!window.windowHandle()->isExposed() && !deadline.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
+}
+
+}  // namespace
 
 void startUp(const cArgumenty& arguments, frmKORVEXZDR& window)
 {
@@ -27,6 +52,7 @@ void startUp(const cArgumenty& arguments, frmKORVEXZDR& window)
         globals.noDust = 1;
     window.updateMenuState();
     window.show();
+    waitUntilPainted(window);
     loadSources(window, globals.files, globals.dustGroupsPath, LoadMode::Replace);
 }
 

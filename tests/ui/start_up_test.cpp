@@ -1,7 +1,10 @@
 // Start-up: what the command line, the settings and their order make of the window.
 #include "window_harness.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QLabel>
+#include <QWidget>
 
 namespace korvex {
 namespace {
@@ -10,6 +13,24 @@ QString toQString(const std::string& path)
 {
     return QString::fromStdString(path);
 }
+
+/// Counts how often a window was painted.
+class PaintedWindows : public QObject {
+public:
+    PaintedWindows() { qApp->installEventFilter(this); }
+    [[nodiscard]] int seen() const { return m_seen; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        const auto* const widget = qobject_cast<QWidget*>(watched);
+        if (event->type() == QEvent::Paint && widget != nullptr && widget->isWindow())
+            ++m_seen;
+        return false;
+    }
+
+private:
+    int m_seen = 0;
+};
 
 }  // namespace
 
@@ -41,6 +62,7 @@ private slots:
     void exampleOfACompleteCommandLine();
 
     void missingFilesAreReportedByTheLoaderOverTheShownWindow();
+    void windowIsPaintedBeforeTheFilesAreRead();
     void fileAndSwitchAreTwoArguments();
     void loadedSourcesAreNotModified();
 
@@ -287,6 +309,18 @@ void StartUpTest::missingFilesAreReportedByTheLoaderOverTheShownWindow()
     QVERIFY(wasVisible);
     QVERIFY(harness().window().isVisible());
     expectLoaded(0);
+}
+
+void StartUpTest::windowIsPaintedBeforeTheFilesAreRead()
+{
+    // A large inventory takes a second: nobody is to look at a black window meanwhile.
+    PaintedWindows painted;
+    bool wasPainted = false;
+    harness().boxes.answerNext(BoxAnswer::Ok, [&] { wasPainted = painted.seen() > 0; });
+    const QString missing = harness().path(QStringLiteral("neni.txt"));
+    harness().start(missing + QLatin1Char(' ') + missing);
+    QCOMPARE(harness().boxes.shown().size(), 1);
+    QVERIFY(wasPainted);
 }
 
 void StartUpTest::fileAndSwitchAreTwoArguments()
