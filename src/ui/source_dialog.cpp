@@ -6,11 +6,13 @@
 #include "field_behaviour.h"
 #include "globals.h"
 #include "guard.h"
+#include "message_boxes.h"
 #include "placement.h"
 
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -179,6 +181,7 @@ bool SourceDialog::edit(SourceValues& values)
 {
     m_values = values;
     fill(values);
+    m_shownTexts = typedTexts();
     if (exec() != QDialog::Accepted)
         return false;
     values = std::move(m_values);
@@ -232,6 +235,41 @@ float SourceDialog::parameter(std::size_t index) const
 void SourceDialog::showParameter(std::size_t index, float value)
 {
     tPar(index).setText(singleFieldText(value, m_shell.globals.decimalSeparator));
+}
+
+QStringList SourceDialog::typedTexts()
+{
+    QStringList texts;
+    for (const QLineEdit* const field : uscPopis1->findChildren<QLineEdit*>())
+        texts.append(field->text());
+    for (const QLineEdit* const field : m_parameters)
+        texts.append(field->text());
+    texts.append(QString::fromStdString(uscPrach1->Prach()));
+    return texts;
+}
+
+void SourceDialog::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::Cancel))
+        leaveByEscape();
+    else
+        QDialog::keyPressEvent(event);
+}
+
+/// A stray Escape must not throw away what took minutes to type; Storno is not pressed by mistake.
+void SourceDialog::leaveByEscape()
+{
+    if (typedTexts() == m_shownTexts) {
+        reject();
+        return;
+    }
+    const BoxAnswer answer = m_shell.boxes.show(this,
+        {windowTitle(), QStringLiteral("Byly provedeny změny zdroje.\nMám tyto změny převzít ?"), BoxIcon::Question,
+            BoxButtons::YesNoCancel, {}});
+    if (answer == BoxAnswer::Yes)
+        cbOK->click();
+    else if (answer == BoxAnswer::No)
+        reject();
 }
 
 void SourceDialog::done(int result)

@@ -6,6 +6,7 @@
 
 #include <QDialog>
 #include <QString>
+#include <QStringList>
 
 #include <cstddef>
 #include <vector>
@@ -63,6 +64,8 @@ protected:
     [[nodiscard]] float parameter(std::size_t index) const;
     void showParameter(std::size_t index, float value);
 
+    void keyPressEvent(QKeyEvent* event) override;
+
     virtual void fill(const SourceValues& values);
     virtual void readBack(SourceValues& values);
 
@@ -73,11 +76,15 @@ private:
     void connectPages();
     void takeOver();
     void focusFirstField();
+    /// What the user can have changed, as texts: reading values back would fill fields, and can fail.
+    [[nodiscard]] QStringList typedTexts();
+    void leaveByEscape();
 
     Shell& m_shell;
     bool (*m_acceptsKey)(int);
     FreePlacement* m_placement;
     SourceValues m_values;
+    QStringList m_shownTexts;  // typedTexts before the first key
     bool m_isNumberTyped = false;
 
     QTabWidget* SSTab1;  // NOLINT(readability-identifier-naming)

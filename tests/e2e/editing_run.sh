@@ -108,12 +108,22 @@ expect_stack_saved() {
     done
 }
 
+another_window_is_active() {
+    [ "$(xdotool getactivewindow 2>"$work/xdotool.txt")" != "$1" ]
+}
+
 # A second stack, typed and given up: nothing of it may reach the files, and nothing is left to ask about.
 give_up_another_stack() {
     press ctrl+1
     wait_for_window 'Bodový zdroj'
     type_fields Omyl 9
+    local editor_window
+    editor_window=$(xdotool getactivewindow)
     press Escape
+    # The question has the title of the editor. The second of its answers drops what was typed.
+    wait_until 'the question' another_window_is_active "$editor_window"
+    take_picture "$scenario-escape"
+    press Tab space
     wait_for_window "$main_title"
 }
 

@@ -9,6 +9,7 @@
 #include <array>
 #include <atomic>
 #include <cerrno>
+#include <csignal>
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
@@ -43,6 +44,10 @@ public:
     void failEvery(Call kind, int errorNumber) { m_every.at(static_cast<std::size_t>(kind)) = errorNumber; }
     /// One read or write moves no more bytes than this.
     void shortTransfers(std::size_t most) { m_mostTransferred = most; }
+    /// The process is killed in front of call n, as by a user who ends a program that does not answer.
+    void killBefore(std::size_t n) { m_killedBefore = n; }
+    /// Flushing is counted but does not wait for the disk; for tests of very many saves.
+    void skipFlushing() { m_flushes = false; }
 
     [[nodiscard]] std::size_t count() const { return m_count; }
     [[nodiscard]] std::size_t count(Call kind) const { return m_countOfKind.at(static_cast<std::size_t>(kind)); }
@@ -80,7 +85,12 @@ public:
     {
         return fails(Call::Ftruncate) ? -1 : FileCalls::ftruncate(file, size);
     }
-    int fsync(int file) override { return fails(Call::Fsync) ? -1 : FileCalls::fsync(file); }
+    int fsync(int file) override
+    {
+        if (fails(Call::Fsync))
+            return -1;
+        return m_flushes ? FileCalls::fsync(file) : 0;
+    }
     int close(int file) override
     {
         const bool failing = fails(Call::Close);
@@ -107,6 +117,8 @@ private:
     {
         const auto kind = static_cast<std::size_t>(call);
         ++m_count;
+        if (m_count == m_killedBefore)
+            std::raise(SIGKILL);
         ++m_countOfKind.at(kind);
         int errorNumber = m_every.at(kind);
         if (m_count >= m_firstFailing && m_count <= m_lastFailing)
@@ -130,6 +142,8 @@ private:
     std::array<int, kinds> m_every{};
     std::array<int, kinds> m_everySecond{};
     std::size_t m_mostTransferred = std::numeric_limits<std::size_t>::max();
+    std::size_t m_killedBefore = 0;  // 0: never
+    bool m_flushes = true;
 };
 
 [[nodiscard]] inline std::string bytesOf(const std::filesystem::path& path)
@@ -149,15 +163,21 @@ inline void writeBytes(const std::filesystem::path& path, std::string_view bytes
     EXPECT_TRUE(file.good()) << path;
 }
 
+/// Memory: for tests of very many saves, which a busy disk would hold up; where there is none, the disk all the same.
+enum class FolderOn { Disk, Memory };
+
 /// A new folder below the tests' temporary one; removed with everything in it.
 class TemporaryFolder {
 public:
-    TemporaryFolder()
+    explicit TemporaryFolder(FolderOn place = FolderOn::Disk)
     {
         // Two test programs may run at once, and one program may want several folders.
         static std::atomic<unsigned> made{0};
         const std::string pid = std::to_string(::getpid());
-        m_path = std::filesystem::path(testing::TempDir()) / ("korvex_" + pid + '_' + std::to_string(++made));
+        const std::filesystem::path memory = "/dev/shm";
+        const bool inMemory = place == FolderOn::Memory && ::access(memory.c_str(), W_OK | X_OK) == 0;
+        m_path = (inMemory ? memory : std::filesystem::path(testing::TempDir()))
+            / ("korvex_" + pid + '_' + std::to_string(++made));
         std::filesystem::remove_all(m_path);
         EXPECT_TRUE(std::filesystem::create_directories(m_path)) << m_path;
     }

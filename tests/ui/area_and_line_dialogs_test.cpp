@@ -281,11 +281,11 @@ void AreaAndLineDialogsTest::leavingWithoutOkTakesNothingOver()
     globals().noDust = 0;
     cZdroje source = sampleSource(rowType());
     const QStringList before = recordsOf(source);
-    QVERIFY(!edit(source, [leaving](QDialog& editor) {
+    QVERIFY(!edit(source, [this, leaving](QDialog& editor) {
         for (QLineEdit* const typed : editor.findChildren<QLineEdit*>())
             typed->setText(QStringLiteral("99"));
         press(editor, "cmdAdd");
-        leave(editor, leaving);
+        leaveChanged(harness().boxes, editor, leaving);
         QVERIFY(!editor.isVisible());
     }));
     QCOMPARE(recordsOf(source), before);

@@ -218,9 +218,9 @@ void EditSourceTest::withoutOkSourceAndRowStay()
     fill();
     const QStringList before = allRecords();
     const QStringList names = harness().nameColumn();
-    open(opening, 2, [leaving](QDialog& editor) {
+    open(opening, 2, [this, leaving](QDialog& editor) {
         setText(editor, "txtNazevZdroje", QStringLiteral("Jiná"));
-        leave(editor, leaving);
+        leaveChanged(harness().boxes, editor, leaving);
     });
     QCOMPARE(allRecords(), before);
     QCOMPARE(harness().nameColumn(), names);

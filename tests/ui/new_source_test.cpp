@@ -163,9 +163,9 @@ void NewSourceTest::cancelledSourceLeavesNoTrace()
     harness().clickHeader(SourceListModel::NumberColumn);
     harness().mark(QStringLiteral("X-"));
     const int current = harness().view().currentRow();
-    make(cBodovyZdroj, [leaving](QDialog& editor) {
+    make(cBodovyZdroj, [this, leaving](QDialog& editor) {
         setText(editor, "txtNazevZdroje", QStringLiteral("Nový"));
-        leave(editor, leaving);
+        leaveChanged(harness().boxes, editor, leaving);
     });
     QCOMPARE(harness().set().size(), std::size_t{2});
     QCOMPARE(harness().numberColumn(), QStringList({QStringLiteral("000000001"), QStringLiteral("000000002")}));

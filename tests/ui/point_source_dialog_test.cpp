@@ -216,11 +216,11 @@ void PointSourceDialogTest::leavingWithoutOkTakesNothingOver()
     globals().noDust = 0;
     cZdroje source = stack();
     const QStringList before = recordsOf(source);
-    const bool isConfirmed = edit(source, [leaving](QDialog& editor) {
+    const bool isConfirmed = edit(source, [this, leaving](QDialog& editor) {
         for (const char* const name : {"txtNazevZdroje", "txtSkupina", "txtShluk", "txtX", "txtY", "txtZ", "tPar0",
                  "tPar1", "tPar2", "tPar3", "tPar4", "tPar5", "tPar6", "tPar7", "txtHustota"})
             setText(editor, name, QStringLiteral("99"));
-        leave(editor, leaving);
+        leaveChanged(harness().boxes, editor, leaving);
         QVERIFY(!editor.isVisible());
     });
     QVERIFY(!isConfirmed);

@@ -43,6 +43,14 @@ inline void leave(QDialog& editor, Leaving leaving)
     }
 }
 
+/// The same where something was changed: Escape asks then, and the answer is to drop it.
+inline void leaveChanged(AnsweringBoxes& boxes, QDialog& editor, Leaving leaving)
+{
+    if (leaving == Leaving::Escape)
+        boxes.answerNext(BoxAnswer::No);
+    leave(editor, leaving);
+}
+
 /// Rows of all ways to leave an editor, or of those that take nothing over.
 inline void addWaysToLeave(bool withOk)
 {
