@@ -116,12 +116,15 @@ another_window_is_active() {
 give_up_another_stack() {
     press ctrl+1
     wait_for_window 'Bodový zdroj'
+    # The page of the dust was left last; the description follows it.
+    press ctrl+Next
     type_fields Omyl 9
     local editor_window
     editor_window=$(xdotool getactivewindow)
     press Escape
     # The question has the title of the editor. The second of its answers drops what was typed.
     wait_until 'the question' another_window_is_active "$editor_window"
+    [ "$(xdotool getactivewindow getwindowname)" = 'Bodový zdroj' ] || fail 'Escape asked nothing'
     take_picture "$scenario-escape"
     press Tab space
     wait_for_window "$main_title"
