@@ -182,7 +182,10 @@ bool SourceDialog::edit(SourceValues& values)
     m_values = values;
     fill(values);
     m_shownTexts = typedTexts();
-    if (exec() != QDialog::Accepted)
+    const int result = exec();
+    // When the question of Escape and the editor close in one go, a window manager can lose the keys on the way.
+    parentWidget()->activateWindow();
+    if (result != QDialog::Accepted)
         return false;
     values = std::move(m_values);
     return true;
