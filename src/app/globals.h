@@ -13,6 +13,7 @@ namespace korvex {
 /// back to the settings at exit. Nothing here is validated.
 struct Globals {
     SourceFiles files;             // of the current inventory
+    SourceFiles brokenFiles;       // of the last load that broke off, empty after one that did not; not stored
     std::string dustGroupsPath;    // empty: none
     std::string iniPath;           // from /ini; empty: no INI file is written
     bool commandLineMode = false;  // /s: the window is a calling program's editor

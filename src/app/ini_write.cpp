@@ -22,8 +22,8 @@ bool isMissing(const std::string& path)
 
 }  // namespace
 
-void iniWrite(
-    const std::string& path, std::string_view section, std::string_view key, std::string_view value, FileCalls& calls)
+void iniWrite(const std::string& path, std::string_view section, std::string_view key, std::string_view value,
+    const SafetyCopies& copies, FileCalls& calls)
 {
     FileBytes old;
     Result<InputFile> file = InputFile::open(path, calls);
@@ -36,12 +36,14 @@ void iniWrite(
         return;  // what cannot be read must not be replaced by a file of one line
     }
 
+    std::string changed = withIniValue(old.view(), encodeCodePage(section), encodeCodePage(key), encodeCodePage(value));
+    if (changed == old.view())
+        return;
     std::vector<Replacement> replacement(1);
     replacement.front().path = path;
-    replacement.front().bytes.room()
-        = withIniValue(old.view(), encodeCodePage(section), encodeCodePage(key), encodeCodePage(value));
+    replacement.front().bytes.room() = std::move(changed);
     // Its outcome is not looked at, as told above.
-    static_cast<void>(replaceFiles(replacement, SafetyCopies(""), calls));
+    static_cast<void>(replaceFiles(replacement, copies, calls));
 }
 
 }  // namespace korvex

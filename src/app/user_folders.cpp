@@ -25,4 +25,9 @@ QString stateFolder()
     return QDir::homePath() + QStringLiteral("/.local/state") + programFolder;
 }
 
+QString iniCopiesFolder()
+{
+    return stateFolder() + QStringLiteral("/ini");
+}
+
 }  // namespace korvex

@@ -9,5 +9,7 @@ namespace korvex {
 [[nodiscard]] QString settingsFolder();
 /// $XDG_STATE_HOME/korvexzdr: the copies of the files that the last saves replaced.
 [[nodiscard]] QString stateFolder();
+/// $XDG_STATE_HOME/korvexzdr/ini: copies of the INI files of calling programs; they must not push the others out.
+[[nodiscard]] QString iniCopiesFolder();
 
 }  // namespace korvex

@@ -1,7 +1,6 @@
 #include "file_error.h"
 
 #include <cerrno>
-#include <system_error>
 
 namespace korvex {
 
@@ -32,7 +31,21 @@ std::string systemErrorText(int errorNumber)
     case EROFS:
         return "Disk je jen pro čtení.";
     case ETXTBSY:
+    case EBUSY:
+    case EAGAIN:
         return "Soubor je právě používán.";
+    case EINTR:
+        return "Práce se souborem byla přerušena.";
+    case EOVERFLOW:
+        return "Soubor je příliš velký.";
+    case ESTALE:
+    case ENOTCONN:
+    case EHOSTDOWN:
+    case EREMOTEIO:
+        return "Síťový disk není dostupný.";
+    case ETIMEDOUT:
+    case ENOLCK:
+        return "Síťový disk neodpovídá.";
     case EIO:
         return "Chyba vstupu nebo výstupu.";
     case ENAMETOOLONG:
@@ -49,13 +62,19 @@ std::string systemErrorText(int errorNumber)
     case ENOMEM:
         return "Nedostatek paměti.";
     default:
-        return std::generic_category().message(errorNumber);
+        // The system's own words would be English, or whatever the locale has.
+        return "Chyba systému číslo " + std::to_string(errorNumber) + ".";
     }
 }
 
 FileError systemError(FileStep step, const std::string& path, int errorNumber)
 {
     return {step, path, 0, systemErrorText(errorNumber)};
+}
+
+FileError missingName(FileStep step, const char* contents)
+{
+    return {step, "", 0, std::string("Není zadán soubor s ") + contents + "."};
 }
 
 }  // namespace korvex

@@ -27,6 +27,9 @@ struct FileError {
 /// An error of the system at one step of working with a file; errno is the usual number.
 [[nodiscard]] FileError systemError(FileStep step, const std::string& path, int errorNumber);
 
+/// A file that was given no name; contents: what it holds, in Czech behind "Soubor s".
+[[nodiscard]] FileError missingName(FileStep step, const char* contents);
+
 template <class T>
 class [[nodiscard]] Result {
 public:

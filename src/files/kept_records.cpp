@@ -1,6 +1,7 @@
 #include "kept_records.h"
 
 #include "arithmetic_fault.h"
+#include "code_page.h"
 #include "plain_number.h"
 #include "radix_sort.h"
 #include "record_fields.h"
@@ -23,7 +24,8 @@ std::optional<std::int32_t> pairingNumber(std::string_view line)
     std::int32_t plain = 0;
     if (PlainFields(line).next(plain))
         return plain;
-    const double number = RecordFields(line).nextReal();
+    const std::string text = decodeCodePage(line);  // a message may show it
+    const double number = RecordFields(text).nextReal();
     if (number != std::nearbyint(number) || number < std::numeric_limits<std::int32_t>::min()
         || number > std::numeric_limits<std::int32_t>::max())
         return std::nullopt;

@@ -55,7 +55,7 @@ struct OpenFiles {
 Result<InputFile> openNamed(const std::string& path, const char* contents, ProgressListener* listener, FileCalls& calls)
 {
     if (path.empty())
-        return FileError{FileStep::Open, path, 0, std::string("Není zadán soubor s ") + contents + "."};
+        return missingName(FileStep::Open, contents);
     if (listener != nullptr)
         listener->statusText("Otevírám " + path);
     return InputFile::open(path, calls);
@@ -194,11 +194,10 @@ private:
         return added;
     }
 
-    /// The description record is nothing but numbers: its bytes are the same in UTF-8.
     Result<void> addPaired(const SourceType& type, std::string_view record, std::string_view description)
     {
         try {
-            m_set.addFromRecords(type, record, description);
+            m_set.addFromRecords(type, record, m_descriptionText(description));
             return {};
         } catch (const ArithmeticFault& fault) {
             cZdroje(type).LineSource(record);  // throws when the points record is the one to blame
@@ -223,6 +222,7 @@ private:
     LoadReport& m_report;
     std::vector<std::int32_t> m_announced;
     DecodedLine m_pointsText;
+    DecodedLine m_descriptionText;
     DecodedLine m_dustText;
 };
 

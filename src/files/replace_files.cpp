@@ -39,12 +39,12 @@ public:
         constexpr int flags = O_WRONLY | O_CLOEXEC | O_NONBLOCK;
         constexpr mode_t newFileMode = 0666;
         const char* const path = m_replacement.path.c_str();
-        m_file = m_calls.open(path, flags, 0);
+        m_file = retried([&] { return m_calls.open(path, flags, 0); });
         if (m_file < 0 && errno == ENOENT) {
-            m_file = m_calls.open(path, flags | O_CREAT, newFileMode);
+            m_file = retried([&] { return m_calls.open(path, flags | O_CREAT, newFileMode); });
             m_created = m_file >= 0;
         }
-        if (m_file < 0 || m_calls.fstat(m_file, m_status) != 0)
+        if (m_file < 0 || retried([this] { return m_calls.fstat(m_file, m_status); }) != 0)
             return failure(FileStep::Open, errno);
         if (!S_ISREG(m_status.st_mode) && !S_ISCHR(m_status.st_mode))
             return failure(FileStep::Open, ENODEV);
@@ -61,11 +61,12 @@ public:
         const auto newSize = static_cast<off_t>(m_replacement.bytes.size());
         if (!isRegular() || newSize <= m_status.st_size)
             return {};
-        m_reserved = m_calls.reserve(m_file, m_status.st_size, newSize - m_status.st_size) == 0;
+        m_reserved
+            = retried([&] { return m_calls.reserve(m_file, m_status.st_size, newSize - m_status.st_size); }) == 0;
         if (m_reserved)
             return {};
         // A file system that cannot reserve room says so; the write itself will then find a full disk.
-        if (errno == EOPNOTSUPP || errno == ENOSYS || errno == EINTR)
+        if (errno == EOPNOTSUPP || errno == ENOSYS)
             return {};
         return failure(FileStep::Write, errno);
     }
@@ -74,7 +75,7 @@ public:
     void undo()
     {
         if (m_reserved && !m_created)
-            m_calls.ftruncate(m_file, m_status.st_size);
+            retried([this] { return m_calls.ftruncate(m_file, m_status.st_size); });
         if (m_created)
             removeCreated();
     }
@@ -99,7 +100,8 @@ public:
             return cutAfterFailure(written, errno);
         if (isRegular() && retried([this] { return m_calls.fsync(m_file); }) != 0)
             return failure(FileStep::Write, errno);
-        if (m_calls.close(std::exchange(m_file, -1)) != 0)
+        // Closed all the same after a signal; what was written is on the disk by now.
+        if (m_calls.close(std::exchange(m_file, -1)) != 0 && errno != EINTR)
             return failure(FileStep::Write, errno);
         return {};
     }
@@ -112,10 +114,14 @@ public:
 private:
     [[nodiscard]] bool isRegular() const { return S_ISREG(m_status.st_mode); }
 
+    /// What follows the new bytes is the rest of the old ones: a mixture would be worse than a part. With nothing
+    /// written yet the old contents are whole, and stay.
     [[nodiscard]] FileError cutAfterFailure(off_t written, int errorNumber)
     {
-        if (isRegular())
-            m_calls.ftruncate(m_file, written);
+        if (written == 0)
+            undo();
+        else if (isRegular())
+            retried([this, written] { return m_calls.ftruncate(m_file, written); });
         return failure(FileStep::Write, errorNumber);
     }
 
@@ -124,7 +130,7 @@ private:
     static int retried(Run run)
     {
         int result = run();
-        while (result != 0 && errno == EINTR)
+        while (result < 0 && errno == EINTR)
             result = run();
         return result;
     }
@@ -186,28 +192,30 @@ Result<void> replaceFiles(const std::vector<Replacement>& replacements, const Sa
     }
 
     Result<void> prepared = openAll(targets);
-    std::string copyFolder;
-    if (prepared.ok()) {
-        copyFolder = copies.copy(paths);
+    // The room first: a copy must not take it away, and a save that ends here needs none.
+    if (prepared.ok())
         prepared = reserveAll(targets);
-    }
     if (!prepared.ok()) {
         for (Target& target : targets)
             target.undo();
         return prepared;
     }
 
+    const std::string copyFolder = copies.copy(paths);
     for (std::size_t i = 0; i < targets.size(); ++i) {
         const Result<void> written = targets[i].write();
         if (!written.ok()) {
+            paths.resize(i + 1);
             for (std::size_t behind = i + 1; behind < targets.size(); ++behind)
                 targets[behind].undo();
             FileError error = written.error();
-            if (!copyFolder.empty())
-                error.description += "\nKopie původních souborů je ve složce:\n" + copyFolder;
+            const std::string originals = copies.keep(copyFolder, paths);
+            if (!originals.empty())
+                error.description += "\nKopie původních souborů je ve složce:\n" + originals;
             return error;
         }
     }
+    copies.release(paths);
     return {};
 }
 

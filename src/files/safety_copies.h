@@ -14,9 +14,18 @@ public:
     /// folder: where the copies go; empty when none are to be made.
     explicit SafetyCopies(std::string folder) : m_folder(std::move(folder)) { }
 
-    /// Copies those of the files that exist and drops the oldest save beyond ten. Returns the folder of the copies,
-    /// empty when there are none.
+    /// Copies those of the files that exist and are not empty, lists in odkud.txt where they come from, and drops the
+    /// oldest save beyond ten. All is on the disk when it returns. Returns the folder of the copies, empty when there
+    /// are none.
     [[nodiscard]] std::string copy(const std::vector<std::string>& paths) const;
+
+    /// After a save that broke off while it wrote these files: the folder of their last whole contents, empty when
+    /// there is none. It is not dropped any more before release: with every new try the broken files themselves would
+    /// be copied, and in the end only they would be left. copied: what copy returned for this save.
+    [[nodiscard]] std::string keep(const std::string& copied, const std::vector<std::string>& paths) const;
+
+    /// After a save of these files that went through: what was kept for them is dropped with the others in time.
+    void release(const std::vector<std::string>& paths) const;
 
 private:
     std::string m_folder;

@@ -116,6 +116,10 @@ private:
 Result<SaveReport> saveSourceSet(
     const SaveRequest& request, SourceSet& set, const SourceRows& rows, ProgressListener& listener, FileCalls& calls)
 {
+    if (request.files.points.empty())
+        return missingName(FileStep::Open, "body");
+    if (request.files.description.empty())
+        return missingName(FileStep::Open, "popisem");
     listener.progressMaximum(rows.count() + 2);
     listener.progressValue(1);
     SaveBytes bytes(request);

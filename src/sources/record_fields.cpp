@@ -25,7 +25,8 @@ auto readNamed(std::int32_t fieldNumber, Read read)
 std::string_view RecordFields::next()
 {
     ++m_number;
-    return m_fields.next();
+    // A name behind a number is no part of it, and of no use in a message about it.
+    return field(m_fields.next(), ';', 1);
 }
 
 void RecordFields::skip()

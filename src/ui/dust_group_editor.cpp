@@ -416,7 +416,7 @@ void frmSkupinyPrachu::UlozSkupiny(const std::string& path)
     txtFile->setText(pathText(path));
     m_fileName = path;
     if (!m_shell.globals.iniPath.empty())
-        iniWrite(m_shell.globals.iniPath, "Global", "VstZdrojSkupTxt", path);
+        iniWrite(m_shell.globals.iniPath, "Global", "VstZdrojSkupTxt", path, SafetyCopies(pathOf(iniCopiesFolder())));
     reportReplacedCharacters(saved.value());
 }
 

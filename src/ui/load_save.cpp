@@ -14,6 +14,9 @@
 #include "user_folders.h"
 #include "window_progress.h"
 
+#include <QFileInfo>
+#include <QStringList>
+
 #include <vector>
 
 namespace korvex {
@@ -81,9 +84,38 @@ void recordInIni(const Globals& globals)
     if (globals.iniPath.empty())
         return;
     constexpr std::string_view section = "Global";
-    iniWrite(globals.iniPath, section, "VstZdrojBodTxt", globals.files.points);
-    iniWrite(globals.iniPath, section, "VstZdrojPopTxt", globals.files.description);
-    iniWrite(globals.iniPath, section, "VstZdrojPrachTxt", globals.files.dust);
+    const SafetyCopies copies(pathOf(iniCopiesFolder()));
+    iniWrite(globals.iniPath, section, "VstZdrojBodTxt", globals.files.points, copies);
+    iniWrite(globals.iniPath, section, "VstZdrojPopTxt", globals.files.description, copies);
+    iniWrite(globals.iniPath, section, "VstZdrojPrachTxt", globals.files.dust, copies);
+}
+
+/// Of the files to be written those that the last load did not read to their end and that hold something.
+QStringList filesNotWholeInTheList(const SourceFiles& files, const SourceFiles& broken)
+{
+    QStringList paths;
+    for (const std::string& path : {files.points, files.description, files.dust}) {
+        const bool isBroken = path == broken.points || path == broken.description || path == broken.dust;
+        const QString shown = QString::fromStdString(path);
+        if (!path.empty() && isBroken && QFileInfo(shown).size() > 0)
+            paths.append(shown);
+    }
+    return paths;
+}
+
+/// What a load left out for an error is in its files only, and would be gone with a careless Ok.
+bool mayReplaceBrokenFiles(frmKORVEXZDR& window, const SourceFiles& files)
+{
+    const QStringList paths = filesNotWholeInTheList(files, window.shell().globals.brokenFiles);
+    if (paths.isEmpty())
+        return true;
+    // The first answer, which Enter gives, is the safe one.
+    const BoxRequest question{saveTitle,
+        QStringLiteral("Načtení těchto souborů skončilo chybou. Co není v seznamu, by se uložením ztratilo:\n%1\n\n"
+                       "Mám je nechat, jak jsou ?")
+            .arg(paths.join(QLatin1Char('\n'))),
+        BoxIcon::Exclamation, BoxButtons::YesNo, {}};
+    return window.shell().boxes.show(&window, question) == BoxAnswer::No;
 }
 
 /// Whether the sources on the screen may go: nothing in them is unsaved, it was saved now, or it is to be thrown away.
@@ -120,7 +152,7 @@ void openSources(frmKORVEXZDR& window)
 
 bool loadSources(frmKORVEXZDR& window, const SourceFiles& files, const std::string& dustGroupsPath, LoadMode mode)
 {
-    const Globals& globals = window.shell().globals;
+    Globals& globals = window.shell().globals;
     const LoadRequest request{
         files, mode, globals.acceptMissingDescription ? MissingDescription::Accept : MissingDescription::Skip};
     LoadReport report;
@@ -134,10 +166,13 @@ bool loadSources(frmKORVEXZDR& window, const SourceFiles& files, const std::stri
             window.refill();
     }
     if (!loaded.ok()) {
+        globals.brokenFiles = files;
         showLoadError(window, loaded.error(), report, mode);
         return false;
     }
-    if (mode == LoadMode::Append)
+    if (mode == LoadMode::Replace)
+        globals.brokenFiles = {};
+    else
         runDuplicateCheck(window, DuplicateReport::OnlyFound);
     // Not shown: only to make the file the current one, or to say at once that it cannot be read.
     if (!dustGroupsPath.empty())
@@ -158,6 +193,8 @@ bool saveSources(frmKORVEXZDR& window, SaveScope scope)
             return false;
         globals.files = dialog.files();
     }
+    if (!mayReplaceBrokenFiles(window, globals.files))
+        return false;
     SaveRequest request;
     request.files = globals.files;
     request.comment = window.comment().toStdString();
@@ -172,6 +209,7 @@ bool saveSources(frmKORVEXZDR& window, SaveScope scope)
             {saveTitle, QString::fromStdString(saved.error().message()), BoxIcon::Critical, BoxButtons::Ok, {}});
         return false;
     }
+    globals.brokenFiles = {};
     recordInIni(globals);
     reportLosses(window, saved.value());
     return true;

@@ -81,7 +81,7 @@ protected:
     }
     void writeValue(const Change& change, FileCalls& calls) const
     {
-        iniWrite(path, "Global", "VstZdrojBodTxt", change.value, calls);
+        iniWrite(path, "Global", "VstZdrojBodTxt", change.value, SafetyCopies(""), calls);
     }
     [[nodiscard]] bool isAsBefore(const Change& change) const
     {
@@ -121,7 +121,9 @@ TEST_F(IniWriteFaults, OneFailingCallLeavesTheOldFileUntilTheFirstByteIsWritten)
                     } else if (!isAsBefore(change)) {
                         EXPECT_THAT(change.after, StartsWith(folder.bytes("caller.ini")));
                     }
-                    EXPECT_THAT(folder.names(), ElementsAre("caller.ini"));
+                    if (!isAsBefore(change)) {
+                        EXPECT_THAT(folder.names(), ElementsAre("caller.ini"));
+                    }
                 }
                 EXPECT_GT(n, 8U);
                 ASSERT_LT(n, mostCalls);

@@ -214,7 +214,7 @@ TEST_F(LoaderErrors, IntegerOutOfRangeInThePointsFileIsNamedByFileLineAndField)
         {"2, 0, -2147483649, 0, 1, 0, 0 ;b", "Číslo je mimo rozsah: pole 3, „-2147483649“."},
         {"2, 0, 0, 2147483647.5, 1, 0, 0 ;b", "Číslo je mimo rozsah: pole 4, „2147483647.5“."},
         {"2, 0, 0, 0, 1, 1E10, 0 ;b", "Číslo je mimo rozsah: pole 6, „1E10“."},
-        {"2, 0, 0, 0, 1, 0, 1E400 ;b", "Číslo je mimo rozsah: pole 7, „1E400 ;b“."},
+        {"2, 0, 0, 0, 1, 0, 1E400 ;b", "Číslo je mimo rozsah: pole 7, „1E400“."},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.record);

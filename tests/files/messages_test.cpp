@@ -64,11 +64,9 @@ struct Fault {
         wrong.replace(0, wrong.find_first_of(" ,"), value);
         return joined(fields);
     }
-    [[nodiscard]] std::string description(std::size_t number) const
+    [[nodiscard]] std::string description() const
     {
-        const bool hasName = file == File::Points && field == 7;
-        return "Číslo je mimo rozsah: pole " + std::to_string(field) + ", „" + value
-            + (hasName ? " ;Zdroj " + std::to_string(number) : "") + "“.";
+        return "Číslo je mimo rozsah: pole " + std::to_string(field) + ", „" + value + "“.";
     }
 };
 
@@ -265,7 +263,7 @@ TEST_F(LoadMessages, EveryNumberOutOfRangeIsNamedByFileLineFieldAndText)
                 return number == 3 && file == fault.file ? fault.record(3) : joined(fieldsOf(file, number));
             });
             const std::size_t line = 3 + placeOf(3, order.of(fault.file));
-            expectError(loaded, files.at(static_cast<std::size_t>(fault.file)), line, fault.description(3));
+            expectError(loaded, files.at(static_cast<std::size_t>(fault.file)), line, fault.description());
         }
     }
 }
@@ -284,7 +282,7 @@ TEST_F(LoadMessages, LineIsRightInEveryLayoutAndOrderWhereverTheRecordStands)
                                                                      : joined(fieldsOf(file, number));
                     });
                     const auto file = static_cast<std::size_t>(fault.file);
-                    expectError(loaded, files.at(file), lineOf.at(file).at(place), fault.description(wrong));
+                    expectError(loaded, files.at(file), lineOf.at(file).at(place), fault.description());
 
                     // A record that pairs by no number is found before the first source is made.
                     const bool isRead = fault.file == File::Points || fault.field > 1;
@@ -313,8 +311,7 @@ TEST_F(LoadMessages, LinesAreCountedRightInLongFiles)
                 const Result<void> loaded = load(order, layout, [&](File file, std::size_t number) {
                     return number == wrong && file == fault.file ? fault.record(wrong) : joined(fieldsOf(file, number));
                 });
-                expectError(
-                    loaded, files.at(static_cast<std::size_t>(fault.file)), 2 + 2 * place, fault.description(wrong));
+                expectError(loaded, files.at(static_cast<std::size_t>(fault.file)), 2 + 2 * place, fault.description());
                 EXPECT_EQ(set.size(), wrong - 1);
             }
         }
@@ -336,7 +333,7 @@ TEST_F(LoadMessages, OfTwoWrongRecordsInAFileTheOneReadFirstIsNamed)
             const std::vector<std::size_t>& readBy = followsPoints ? order.points : order.of(fault.file);
             const std::size_t named = placeOf(2, readBy) < placeOf(4, readBy) ? 2 : 4;
             expectError(loaded, files.at(static_cast<std::size_t>(fault.file)),
-                1 + placeOf(named, order.of(fault.file)), fault.description(named));
+                1 + placeOf(named, order.of(fault.file)), fault.description());
         }
     }
 }
@@ -359,9 +356,9 @@ TEST_F(LoadMessages, OfWrongNumbersInSeveralFilesTheDescriptionComesFirstThenThe
             });
         };
         expectError(loadWith({points, description, dust}), files[1], 2 + placeOf(3, order.description),
-            description.description(3));
-        expectError(loadWith({points, dust}), files[2], 2 + placeOf(3, order.dust), dust.description(3));
-        expectError(loadWith({points}), files[0], 2 + placeOf(3, order.points), points.description(3));
+            description.description());
+        expectError(loadWith({points, dust}), files[2], 2 + placeOf(3, order.dust), dust.description());
+        expectError(loadWith({points}), files[0], 2 + placeOf(3, order.points), points.description());
     }
 }
 

@@ -1,5 +1,6 @@
 // Replacing files while calls to the system fail one after the other: what each file holds afterwards and what is said.
 #include "failing_file_calls.h"
+#include "file_size_limit.h"
 
 #include "replace_files.h"
 #include "saver.h"
@@ -12,13 +13,11 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
-#include <csignal>
 #include <cstddef>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <sys/resource.h>
 #include <utility>
 #include <vector>
 
@@ -112,7 +111,7 @@ protected:
         bool behindTheFailed = false;
         for (const Change& change : changes) {
             if (change.name == nameOf(error)) {
-                EXPECT_TRUE(isCut(change)) << change.name << " holds " << folder.bytes(change.name);
+                EXPECT_TRUE(isAsBefore(change) || isCut(change)) << change.name;
                 behindTheFailed = true;
             } else if (behindTheFailed) {
                 EXPECT_TRUE(isAsBefore(change)) << change.name;
@@ -319,7 +318,7 @@ TEST_F(ReplaceFiles, WriteThatTakesNothingIsAnErrorAndNoEndlessLoop)
     const Result<void> replaced = replaceFiles(replacements(changes), noCopies, calls);
     ASSERT_FALSE(replaced.ok());
     EXPECT_EQ(replaced.error().step, FileStep::Write);
-    EXPECT_EQ(folder.bytes("a.txt"), "");
+    EXPECT_EQ(folder.bytes("a.txt"), "old") << "nothing was written: there is nothing to cut";
 }
 
 TEST_F(ReplaceFiles, InterruptedWritesAreRetried)
@@ -412,33 +411,6 @@ TEST_F(ReplaceFiles, NothingToReplaceIsNoError)
     EXPECT_EQ(calls.count(), 0U);
 }
 
-/// Lets no file of this process grow beyond a size, as a quota would.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-    {
-        m_oldAction = std::signal(SIGXFSZ, SIG_IGN);
-        m_limited = ::getrlimit(RLIMIT_FSIZE, &m_old) == 0;
-        rlimit limit = m_old;
-        limit.rlim_cur = bytes;
-        m_limited = m_limited && ::setrlimit(RLIMIT_FSIZE, &limit) == 0;
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-    ~FileSizeLimit()
-    {
-        if (m_limited)
-            ::setrlimit(RLIMIT_FSIZE, &m_old);
-        std::signal(SIGXFSZ, m_oldAction);
-    }
-    [[nodiscard]] bool limited() const { return m_limited; }
-
-private:
-    rlimit m_old{};
-    bool m_limited = false;
-    void (*m_oldAction)(int) = nullptr;
-};
-
 TEST_F(ReplaceFiles, FileThatMayNotGrowFurtherHoldsWhatFitted)
 {
     constexpr std::size_t limit = 5000;
@@ -448,7 +420,7 @@ TEST_F(ReplaceFiles, FileThatMayNotGrowFurtherHoldsWhatFitted)
     const std::vector<Replacement> wanted = replacements(changes);
     std::optional<Result<void>> replaced;
     {
-        const FileSizeLimit sizeLimit(limit);
+        const test::FileSizeLimit sizeLimit(limit);
         ASSERT_TRUE(sizeLimit.limited());
         replaced = replaceFiles(wanted, noCopies, calls);
     }
@@ -507,6 +479,38 @@ TEST_F(ReplaceFiles, FailedSaveKeepsTheModifiedFlagAndASecondTryClearsIt)
         EXPECT_THAT(folder.bytes("body.txt"), Not(HasSubstr("o000")));
         EXPECT_THAT(folder.names(), ElementsAre("body.txt", "popis.txt", "prach.txt"));
     }
+}
+
+TEST_F(ReplaceFiles, ElevenFailedTriesDoNotLoseTheOriginal)
+{
+    const std::vector<Change> changes{{"a.txt", "the original", "new a"}};
+    lay(changes);
+    const SafetyCopies copies(copyFolder.path());
+    std::string named;
+    for (int i = 0; i < 11; ++i) {
+        test::FailingFileCalls failing;
+        failing.shortTransfers(2);
+        // Open, look, write two bytes, and no more.
+        failing.failFrom(4, EIO);
+        const Result<void> replaced = replaceFiles(replacements(changes), copies, failing);
+        ASSERT_FALSE(replaced.ok());
+        named = replaced.error().description;
+    }
+    ASSERT_NE(named.find(copyFolder.path()), std::string::npos) << named;
+    const std::string first = named.substr(named.find(copyFolder.path()));
+    EXPECT_EQ(test::bytesOf(fs::path(first) / "1-a.txt"), "the original");
+    ASSERT_TRUE(replaceFiles(replacements(changes), copies, calls).ok());
+    EXPECT_FALSE(fs::exists(fs::path(first) / "nedokonceno.txt")) << "it may go now";
+}
+
+TEST_F(ReplaceFiles, NoCopiesAreMadeWhenThereIsNoRoom)
+{
+    // They would take the room that the files need, and push older copies out for nothing.
+    const std::vector<Change> changes{{"a.txt", "old a", std::string(100, 'a')}};
+    lay(changes);
+    calls.failEvery(Call::Reserve, ENOSPC);
+    ASSERT_FALSE(replaceFiles(replacements(changes), SafetyCopies(copyFolder.path()), calls).ok());
+    EXPECT_THAT(copyFolder.names(), IsEmpty());
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // Copies of the files that a save is about to replace: what is kept, what is dropped and what never is.
 #include "failing_file_calls.h"
+#include "file_size_limit.h"
 
 #include "safety_copies.h"
 
@@ -254,6 +255,62 @@ TEST_F(SafetyCopiesTest, OneFileThatCannotBeCopiedDoesNotKeepTheOthersFromIt)
     EXPECT_EQ(test::bytesOf(made + "/2-popis.txt"), "description");
     EXPECT_THAT(
         test::bytesOf(made + "/odkud.txt"), testing::HasSubstr("2-popis.txt\t" + folder.path("popis.txt") + "\n"));
+}
+
+TEST_F(SafetyCopiesTest, WhatIsKeptAfterABrokenSaveIsNeverDropped)
+{
+    const std::string path = folder.write("body.txt", "the original");
+    const std::string first = copies.copy({path});
+    EXPECT_EQ(copies.keep(first, {path}), first);
+    EXPECT_THAT(namesIn(first), ElementsAre("1-body.txt", "nedokonceno.txt", "odkud.txt"));
+    folder.write("body.txt", "half");
+    for (int i = 0; i < 15; ++i) {
+        const std::string again = copies.copy({path});
+        EXPECT_EQ(copies.keep(again, {path}), first) << "not the copy of the broken file";
+    }
+    EXPECT_EQ(test::bytesOf(first + "/1-body.txt"), "the original");
+    EXPECT_EQ(saves().size(), 11U) << "the ten of any time and the one that is kept";
+}
+
+TEST_F(SafetyCopiesTest, WhatWasKeptGoesInTimeOnceItsFilesAreSaved)
+{
+    const std::string path = folder.write("body.txt", "points");
+    const std::string other = folder.write("popis.txt", "description");
+    const std::string first = copies.copy({path, other});
+    static_cast<void>(copies.keep(first, {path}));
+    const auto isKept = [&first] { return fs::exists(first + "/nedokonceno.txt"); };
+    copies.release({folder.path("jiny.txt")});
+    EXPECT_TRUE(isKept()) << "other files";
+    copies.release({path});
+    EXPECT_TRUE(isKept()) << "one of them only";
+    copies.release({other, path});
+    EXPECT_FALSE(isKept());
+    for (int i = 0; i < 10; ++i)
+        static_cast<void>(copies.copy({path}));
+    EXPECT_FALSE(fs::exists(first));
+}
+
+TEST_F(SafetyCopiesTest, NothingIsKeptWithoutACopy)
+{
+    EXPECT_EQ(copies.keep("", {folder.path("body.txt")}), "");
+    EXPECT_EQ(SafetyCopies("").keep("", {folder.path("body.txt")}), "");
+    EXPECT_THAT(saves(), IsEmpty());
+}
+
+TEST_F(SafetyCopiesTest, HalfACopyIsTakenAway)
+{
+    // A file limit stands for a full disk; what was copied until then must not pass for the file.
+    const std::string small = folder.write("popis.txt", "description");
+    const std::string large = folder.write("body.txt", std::string(1 << 20, 'x'));
+    std::string made;
+    {
+        const test::FileSizeLimit limit(1 << 16);
+        ASSERT_TRUE(limit.limited());
+        made = copies.copy({large, small});
+    }
+    ASSERT_THAT(made, Not(IsEmpty()));
+    EXPECT_THAT(namesIn(made), ElementsAre("2-popis.txt", "odkud.txt"));
+    EXPECT_EQ(test::bytesOf(made + "/odkud.txt"), "2-popis.txt\t" + small + "\n");
 }
 
 }  // namespace

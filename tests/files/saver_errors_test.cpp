@@ -265,5 +265,19 @@ TEST_F(SaverErrors, DeviceThatSwallowsEverythingIsWrittenTo)
     EXPECT_THAT(folder.names(), ElementsAre("popis.txt"));
 }
 
+TEST_F(SaverErrors, FileWithoutANameIsNamedByWhatItHolds)
+{
+    const std::pair<const char*, SourceFiles> cases[]{
+        {"body", {"", folder.path("popis.txt"), ""}}, {"popisem", {folder.path("body.txt"), "", ""}}};
+    for (const auto& [contents, files] : cases) {
+        request.files = files;
+        test::RecordingListener nobody;
+        const Result<SaveReport> saved = saveSourceSet(request, set, rows, nobody);
+        ASSERT_FALSE(saved.ok());
+        EXPECT_EQ(saved.error().message(), std::string("Není zadán soubor s ") + contents + ".");
+    }
+    EXPECT_TRUE(folder.names().empty()) << "nothing was written";
+}
+
 }  // namespace
 }  // namespace korvex

@@ -2,6 +2,7 @@
 
 #include "arithmetic_fault.h"
 #include "blanks.h"
+#include "code_page.h"
 #include "plain_number.h"
 
 #include <algorithm>
@@ -97,16 +98,18 @@ private:
     std::string m_number;
 };
 
-/// What a message shows of a number's text: long ones are cut, for a field can be megabytes long.
+/// What a message shows of a number's text: long ones are cut, for a field can be megabytes long, and what no message
+/// can show becomes "?".
 std::string quoted(std::string_view text)
 {
     constexpr std::size_t shown = 40;
-    std::string out = "„";
-    for (const char c : text.substr(0, shown))
-        out += (c >= ' ' && c <= '~') ? c : '?';
-    if (text.size() > shown)
-        out += "…";
-    return out + "“";
+    // One byte a character; what is no UTF-8 gets lost on the way.
+    std::string characters = encodeCodePage(text.substr(0, (shown + 1) * mostDecodedBytes));
+    const bool isCut = characters.size() > shown;
+    characters.resize(std::min(shown, characters.size()));
+    std::replace_if(
+        characters.begin(), characters.end(), [](char c) { return (c >= '\0' && c < ' ') || c == '\x7F'; }, '?');
+    return "„" + decodeCodePage(characters) + (isCut ? "…" : "") + "“";
 }
 
 template <class Real>
