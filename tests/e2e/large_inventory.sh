@@ -23,24 +23,16 @@ take_picture() {
     [ -s "$pictures/$1.png" ] || fail "no picture of $1"
 }
 
-# The window has done all it was given once a menu opens and closes: its keys stand in one queue.
+# The window has done all it was given: what was pressed has had time to arrive, and then it answered again.
 settle() {
-    press alt+v
-    wait_until "the menu" menu_is_open
-    # The second one takes the keys from the menu bar back to the list.
-    press Escape Escape
-    wait_until "the menu's end" menu_is_closed
+    sleep 0.15
+    local answers
+    answers=$(wc -l <"$KORVEX_EVENT_GAPS")
+    wait_until "an answer of the window" has_more_answers_than "$((answers + 2))"
 }
 
-# A menu is the only window without a name that the program shows.
-menu_is_open() {
-    [ "$(visible_windows)" -gt "$windows_without_menu" ]
-}
-menu_is_closed() {
-    [ "$(visible_windows)" -eq "$windows_without_menu" ]
-}
-visible_windows() {
-    xdotool search --onlyvisible --pid "$editor" 2>"$work/xdotool.txt" | wc -l
+has_more_answers_than() {
+    [ "$(wc -l <"$KORVEX_EVENT_GAPS")" -gt "$1" ]
 }
 
 window_is_there() {
@@ -89,7 +81,6 @@ start_editor "$inventory/body.txt" "$inventory/popis.txt" "$inventory/prach.txt"
 wait_until "the window" window_is_there
 take_picture large-loading
 wait_for_window "$main_title"
-windows_without_menu=$(visible_windows)
 settle
 report "open $count sources"
 take_picture large-loaded
