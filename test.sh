@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# All tests: installs what is missing, builds, runs ctest in two locales and closes with "N passed, N failed".
+# All tests: installs what is missing, builds, runs ctest in four locales and closes with "N passed, N failed".
 set -euo pipefail
 
 top=$(dirname -- "$(readlink -f -- "$0")")
@@ -15,19 +15,19 @@ tools/install_packages.sh
 cmake --fresh --preset release
 cmake --build --preset release -j2 -- --quiet
 
-# Czech reals have a decimal comma. The locale need not be on the machine, and laying it down here needs no root.
+# Reals with a decimal comma, and letters whose case is another one. The locales need not be on the machine, and laying
+# them down here needs no root.
 export LOCPATH=$top/build/locales
-decimal_point() {
-    LC_ALL=cs_CZ.UTF-8 locale decimal_point 2>/dev/null
-}
-if [ "$(decimal_point)" != , ]; then
-    mkdir -p "$LOCPATH"
-    localedef -i cs_CZ -f UTF-8 "$LOCPATH/cs_CZ.UTF-8"
-    if [ "$(decimal_point)" != , ]; then
-        echo "The locale cs_CZ.UTF-8 could not be made." >&2
+mkdir -p "$LOCPATH"
+for locale in cs_CZ de_DE tr_TR; do
+    if [ "$(LC_ALL=$locale.UTF-8 locale decimal_point 2>/dev/null)" != , ]; then
+        localedef -i "$locale" -f UTF-8 "$LOCPATH/$locale.UTF-8"
+    fi
+    if [ "$(LC_ALL=$locale.UTF-8 locale decimal_point 2>/dev/null)" != , ]; then
+        echo "The locale $locale.UTF-8 could not be made." >&2
         exit 1
     fi
-fi
+done
 
 passed=0
 failed=0
@@ -52,7 +52,8 @@ run_tests() {
     failed=$((failed + run_failed))
 }
 
-run_tests C
-run_tests cs_CZ.UTF-8
+for locale in C cs_CZ.UTF-8 de_DE.UTF-8 tr_TR.UTF-8; do
+    run_tests "$locale"
+done
 echo "$passed passed, $failed failed"
 [ "$failed" -eq 0 ]

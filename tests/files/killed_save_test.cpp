@@ -120,6 +120,7 @@ void expectEveryKillIsSurvived(SaveSubject& subject, const KilledSave& killedSav
     }
     EXPECT_GT(n, 6U);
     EXPECT_LT(n, mostCalls);
+    testing::Test::RecordProperty("kills", static_cast<int>(killedAt.touched + killedAt.untouched));
 }
 
 KilledSave betweenTheFileCalls(std::size_t mostWritten)
