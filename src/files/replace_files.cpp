@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <deque>
 #include <fcntl.h>
 #include <memory>
 #include <string_view>
@@ -15,18 +16,8 @@ namespace {
 class Target {
 public:
     Target(const Replacement& replacement, FileCalls& calls) : m_replacement(replacement), m_calls(calls) { }
-    Target(Target&& other) noexcept
-        : m_replacement(other.m_replacement)
-        , m_calls(other.m_calls)
-        , m_file(std::exchange(other.m_file, -1))
-        , m_status(other.m_status)
-        , m_created(std::exchange(other.m_created, false))
-        , m_reserved(other.m_reserved)
-    {
-    }
     Target(const Target&) = delete;
     Target& operator=(const Target&) = delete;
-    Target& operator=(Target&&) = delete;
     ~Target()
     {
         if (m_file >= 0)
@@ -152,7 +143,7 @@ private:
     bool m_reserved = false;
 };
 
-Result<void> openAll(std::vector<Target>& targets)
+Result<void> openAll(std::deque<Target>& targets)
 {
     for (std::size_t i = 0; i < targets.size(); ++i) {
         Result<void> opened = targets[i].open();
@@ -169,7 +160,7 @@ Result<void> openAll(std::vector<Target>& targets)
     return {};
 }
 
-Result<void> reserveAll(std::vector<Target>& targets)
+Result<void> reserveAll(std::deque<Target>& targets)
 {
     for (Target& target : targets) {
         Result<void> reserved = target.reserve();
@@ -183,9 +174,8 @@ Result<void> reserveAll(std::vector<Target>& targets)
 
 Result<void> replaceFiles(const std::vector<Replacement>& replacements, const SafetyCopies& copies, FileCalls& calls)
 {
-    std::vector<Target> targets;
+    std::deque<Target> targets;
     std::vector<std::string> paths;
-    targets.reserve(replacements.size());
     for (const Replacement& replacement : replacements) {
         targets.emplace_back(replacement, calls);
         paths.push_back(replacement.path);
