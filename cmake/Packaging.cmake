@@ -9,12 +9,12 @@ set(KORVEX_MAINTAINER "autoři programu KORVEX <korvex@localhost.invalid>")
 
 # korvex_compressed(FILE): FILE.gz beside it when everything is built, the same bytes from the same file.
 function(korvex_compressed file)
+  get_filename_component(name ${file} NAME)
   add_custom_command(OUTPUT ${file}.gz
     COMMAND gzip -9nkf ${file}
     DEPENDS ${file}
-    COMMENT "Compressing ${file}"
+    COMMENT "Compressing ${name}"
     VERBATIM)
-  get_filename_component(name ${file} NAME)
   add_custom_target(compressed_${name} ALL DEPENDS ${file}.gz)
 endfunction()
 
