@@ -68,7 +68,7 @@ check_manual_page() {
     LC_ALL=C.UTF-8 MANROFFSEQ='' MANWIDTH=80 man --warnings=w -E UTF-8 -l -Tutf8 -Z "$page" >"$work/formatted" \
         2>"$work/warnings" || fail "$page cannot be formatted"
     [ ! -s "$work/warnings" ] || fail "$page has faults: $(<"$work/warnings")"
-    text=$(LC_ALL=C.UTF-8 MANWIDTH=80 man -E UTF-8 -l -P cat "$page" | col -b)
+    text=$(LC_ALL=C.UTF-8 MANWIDTH=80 man -E UTF-8 -l -P cat "$page")
     for word in "$@" "korvexzdr $version" /s /ini --help --version VstZdrojSkupTxt "${documents#"$root"}/examples/"; do
         grep -qF -- "$word" <<<"$text" || fail "$page does not say $word"
     done
