@@ -2,6 +2,8 @@
 # korvex_icons(korvex_ui) makes :/icons/NAME-16.png and so on; the files themselves lie in KORVEX_ICON_FOLDER.
 
 set(KORVEX_ICON_FOLDER ${CMAKE_BINARY_DIR}/icons)
+# Desktops show the program's own icon in docks and menus, far larger than the list shows the others.
+set(KORVEX_PROGRAM_ICON_SIZES 16 24 32 48 64 128 256)
 
 function(korvex_icons target)
   file(GLOB pictures CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/ui/icons/*.svg)
@@ -15,8 +17,7 @@ function(korvex_icons target)
     get_filename_component(name ${picture} NAME_WE)
     set(sizes 16 24 32 48)
     if(name STREQUAL PROJECT_NAME)
-      # Desktops show the program's own icon in docks and menus, far larger than the list shows the others.
-      list(APPEND sizes 64 128 256)
+      set(sizes ${KORVEX_PROGRAM_ICON_SIZES})
     endif()
     foreach(size IN LISTS sizes)
       set(file ${KORVEX_ICON_FOLDER}/${name}-${size}.png)
@@ -29,5 +30,6 @@ function(korvex_icons target)
     endforeach()
   endforeach()
 
-  qt_add_resources(${target} icons PREFIX /icons BASE ${KORVEX_ICON_FOLDER} FILES ${drawn})
+  # Later formats hold the time when each picture was drawn: no two builds would give the same program.
+  qt_add_resources(${target} icons PREFIX /icons BASE ${KORVEX_ICON_FOLDER} FILES ${drawn} OPTIONS --format-version 1)
 endfunction()
