@@ -62,7 +62,7 @@ bool hasMountsOfItsOwn()
         test::writeBytes("/proc/self/uid_map", user + ' ' + user + " 1");
         test::writeBytes("/proc/self/gid_map", group + ' ' + group + " 1");
     }
-    return ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+    return ::mount("none", "/", "none", MS_REC | MS_PRIVATE, nullptr) == 0;
 }
 
 bool mountsSmallDisk(const std::string& folder)

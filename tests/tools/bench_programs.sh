@@ -79,9 +79,9 @@ expect_figures() {
     local name count=0
     while read -r name; do
         [ "$(column 3 "$name" | grep -cE '^[0-9.]+(e[-+][0-9]+)?$')" -eq "$1" ] || fail "$name: not $1 numbers"
-        column 3 "$name" | awk '!($1 > 0) { exit 1 }' || fail "$name is not above 0"
+        column 3 "$name" | LC_ALL=C awk '!($1 > 0) { exit 1 }' || fail "$name is not above 0"
         paste <(column 3 "$name") <(column 4 "$name" | sed 's/\.\./ /') \
-            | awk '!($2 <= $1 && $1 <= $3) { exit 1 }' || fail "$name: the median is not within the spread"
+            | LC_ALL=C awk '!($2 <= $1 && $1 <= $3) { exit 1 }' || fail "$name: the median is not within the spread"
         count=$((count + 1))
     done
     figures=$((figures + count * $1))
