@@ -35,6 +35,24 @@ bool hasAll(const QString& text, const QStringList& words)
     return wordsIn(text, words) == words.size();
 }
 
+/// The first of the blocks with most of the words; a heading, which tells nothing, only for want of a longer one.
+qsizetype tellingBlock(const QStringList& blocks, const QStringList& words)
+{
+    constexpr qsizetype longerThanAHeading = 40;
+    qsizetype best = 0;
+    qsizetype mostWords = 0;
+    // The first block is the title, which is shown anyway.
+    for (qsizetype i = 1; i < blocks.size(); ++i) {
+        const qsizetype count = wordsIn(blocks.at(i), words);
+        const bool tellsMore = blocks.at(best).size() < longerThanAHeading && blocks.at(i).size() >= longerThanAHeading;
+        if (count > mostWords || (count > 0 && count == mostWords && tellsMore)) {
+            best = i;
+            mostWords = count;
+        }
+    }
+    return best;
+}
+
 /// The part of a block around the first of the words in it, cut at blanks.
 QString contextIn(const QString& block, const QString& foldedBlock, const QStringList& words)
 {
@@ -101,20 +119,11 @@ QList<HelpHit> HelpIndex::find(const QStringList& words) const
     for (const Page& page : m_pages) {
         if (!hasAll(page.foldedBlocks.join(QLatin1Char('\n')), words))
             continue;
-        // The first block is the title, which is shown anyway.
-        qsizetype best = 0;
-        qsizetype mostWords = 0;
-        for (qsizetype i = 1; i < page.blocks.size(); ++i) {
-            const qsizetype count = wordsIn(page.foldedBlocks.at(i), words);
-            if (count > mostWords) {
-                best = i;
-                mostWords = count;
-            }
-        }
+        const qsizetype best = tellingBlock(page.foldedBlocks, words);
         Closeness closeness = InPage;
         if (hasAll(page.foldedTitle, words))
             closeness = InTitle;
-        else if (mostWords == words.size())
+        else if (hasAll(page.foldedBlocks.at(best), words))
             closeness = InOneBlock;
         hits.at(closeness).append(
             {page.name, page.title, contextIn(page.blocks.at(best), page.foldedBlocks.at(best), words)});

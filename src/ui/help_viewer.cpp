@@ -1,6 +1,7 @@
 #include "help_viewer.h"
 
 #include "help_browser.h"
+#include "help_hit_delegate.h"
 #include "help_pages.h"
 #include "help_search.h"
 #include "version.h"
@@ -51,6 +52,7 @@ HelpViewer::HelpViewer(SettingsStore& settings)
     buildActions();
     auto* const topRow = makeTopRow();
     auto* const splitter = new QSplitter(this);
+    splitter->setObjectName(QStringLiteral("splitter"));
     splitter->addWidget(makeLeftSide());
     splitter->addWidget(m_browser);
     splitter->setStretchFactor(0, 0);
@@ -166,7 +168,9 @@ QWidget* HelpViewer::makeLeftSide()
     m_results = new QListWidget(m_resultPage);
     m_results->setObjectName(QStringLiteral("results"));
     m_results->setAccessibleName(QStringLiteral("Nalezené stránky"));
-    m_results->setWordWrap(true);
+    m_results->setItemDelegate(new HelpHitDelegate(m_results));
+    // The lines are broken anew for another width.
+    m_results->setResizeMode(QListView::Adjust);
     m_results->setAlternatingRowColors(true);
     m_results->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     connect(m_results, &QListWidget::itemActivated, this, &HelpViewer::openHit);

@@ -64,6 +64,16 @@ press Escape
 wait_for_window "$main_title"
 is_gone "$help_title" || fail 'the help is still there'
 
+# From an open menu, with the key held down: one window, and the menu is gone.
+press alt+s
+xdotool keydown F1
+wait_for_window "$help_title"
+expect_change Next
+xdotool keyup F1
+[ "$(windows_titled "$help_title")" -eq 1 ] || fail 'more than one help'
+press Escape
+wait_for_window "$main_title"
+
 # Over an editor, which is modal to the main window.
 press ctrl+1
 wait_for_window 'Bodový zdroj'

@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QScrollBar>
+#include <QSplitter>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QToolButton>
@@ -45,6 +46,7 @@ private slots:
     void enterOpensTheFirstHitWithItsWordsHighlighted();
     void arrowAndEnterOpenAnotherHit();
     void clickOpensAHit();
+    void narrowerListBreaksItsLinesAnew();
     void highlightedWordsAreScrolledTo();
     void escapeEndsTheSearchAndThenCloses();
     void controlFGoesToTheSearch();
@@ -342,6 +344,25 @@ void HelpViewerTest::clickOpensAHit()
     const QListWidget& results = parts->results();
     QTest::mouseClick(results.viewport(), Qt::LeftButton, {}, results.visualItemRect(results.item(0)).center());
     QCOMPARE(parts->viewer.page(), QStringLiteral("duplicity"));
+}
+
+void HelpViewerTest::narrowerListBreaksItsLinesAnew()
+{
+    const auto parts = makeParts();
+    parts->open("obsah");
+    parts->ask(QStringLiteral("komin"));
+    QListWidget& results = parts->results();
+    auto& splitter = child<QSplitter>(parts->viewer, "splitter");
+    const auto linesOfFirst = [&](int width) {
+        splitter.setSizes({width, 2000});
+        QCoreApplication::processEvents();
+        return results.visualItemRect(results.item(0)).height() / results.fontMetrics().height();
+    };
+    // The title and a context of some 100 characters.
+    const int lines = linesOfFirst(300);
+    QVERIFY(lines >= 3);
+    QVERIFY(linesOfFirst(160) > lines);
+    QCOMPARE(results.horizontalScrollBar()->maximum(), 0);
 }
 
 void HelpViewerTest::highlightedWordsAreScrolledTo()
