@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMenuBar>
 #include <QWidget>
 
 namespace korvex {
@@ -23,12 +24,16 @@ QString pageFor(const QWidget* window)
     return contentsHelpPage;
 }
 
-/// A menu keeps all keys and the mouse for itself until it is closed.
-void closePopups()
+/// A menu keeps all keys and the mouse for itself until it is closed, and the menu bar keeps the keys after it.
+void closeMenus()
 {
     while (QWidget* const popup = QApplication::activePopupWidget()) {
         if (!popup->close())
-            return;
+            break;
+    }
+    if (auto* const bar = qobject_cast<QMenuBar*>(QApplication::focusWidget())) {
+        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QCoreApplication::sendEvent(bar, &escape);
     }
 }
 
@@ -57,10 +62,9 @@ bool ContextHelp::eventFilter(QObject* watched, QEvent* event)
 
 void ContextHelp::showFor(const QWidget* window)
 {
-    if (window->windowType() == Qt::Popup) {
-        closePopups();
+    closeMenus();
+    if (window->windowType() == Qt::Popup)
         window = QApplication::activeWindow();
-    }
     if (window == m_viewer.get() && m_viewer)
         return;
     if (!m_viewer)

@@ -299,12 +299,15 @@ void ContextHelpTest::openMenuIsClosed()
 {
     const ContextHelp help(harness().settings);
     harness().show();
+    harness().view().setFocus();
     QMenu& menu = harness().menu("mnuSoubor");
-    menu.popup(harness().window().pos());
-    QVERIFY(QApplication::activePopupWidget() == &menu);
+    QTest::keyClick(harness().window().windowHandle(), Qt::Key_S, Qt::AltModifier);
+    QTRY_VERIFY(QApplication::activePopupWidget() == &menu);
     QTest::keyClick(&menu, Qt::Key_F1);
     QVERIFY(QApplication::activePopupWidget() == nullptr);
     QCOMPARE(shownPage(), QStringLiteral("frmKORVEXZDR"));
+    // The keys are back where they were before the menu.
+    QVERIFY(harness().window().focusWidget() == &harness().view());
 }
 
 void ContextHelpTest::heldKeyOpensOnce()
