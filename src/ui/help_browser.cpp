@@ -160,7 +160,7 @@ void HelpBrowser::zoomTo(int steps)
 
 QVariant HelpBrowser::loadResource(int type, const QUrl& name)
 {
-    const QVariant resource = QTextBrowser::loadResource(type, name);
+    QVariant resource = QTextBrowser::loadResource(type, name);
     if (type == QTextDocument::HtmlResource)
         return withoutMissingPictures(QString::fromUtf8(resource.toByteArray()));
     if (type == QTextDocument::ImageResource) {

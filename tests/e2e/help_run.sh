@@ -24,12 +24,22 @@ type_text() {
     xdotool type --delay 5 -- "$1"
 }
 
+# By their full titles: what a search by title compares is not Czech in the C locale.
 windows_titled() {
-    xdotool search --onlyvisible --name "^$1\$" 2>"$work/xdotool.txt" | wc -l
+    local id
+    for id in $(xdotool search --onlyvisible --class korvexzdr 2>"$work/xdotool.txt"); do
+        if [ "$(xdotool getwindowname "$id")" = "$1" ]; then
+            echo "$id"
+        fi
+    done
+}
+
+count_titled() {
+    windows_titled "$1" | wc -l
 }
 
 is_gone() {
-    [ "$(windows_titled "$1")" -eq 0 ]
+    [ "$(count_titled "$1")" -eq 0 ]
 }
 
 # The picture of a window is another one than it was.
@@ -70,7 +80,7 @@ xdotool keydown F1
 wait_for_window "$help_title"
 expect_change Next
 xdotool keyup F1
-[ "$(windows_titled "$help_title")" -eq 1 ] || fail 'more than one help'
+[ "$(count_titled "$help_title")" -eq 1 ] || fail 'more than one help'
 press Escape
 wait_for_window "$main_title"
 
@@ -98,11 +108,11 @@ type_text ' u reky'
 # Left open it survives the editor, and the program ends in spite of it.
 press F1
 wait_for_window "$help_title"
-xdotool search --onlyvisible --name '^Bodový zdroj$' windowactivate >"$work/xdotool.txt" 2>&1
+xdotool windowactivate "$(windows_titled 'Bodový zdroj')"
 wait_for_window 'Bodový zdroj'
 press alt+o
 wait_for_window "$main_title"
-[ "$(windows_titled "$help_title")" -eq 1 ] || fail 'the help went with the editor'
+[ "$(count_titled "$help_title")" -eq 1 ] || fail 'the help went with the editor'
 
 # The editor kept what was typed before and after.
 press alt+z Down Return
