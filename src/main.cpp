@@ -1,5 +1,6 @@
 // The editor's entry: makes what the whole process shares, shows the window and runs.
 #include "arguments.h"
+#include "context_help.h"
 #include "czech_toolkit.h"
 #include "file_dialogs.h"
 #include "globals.h"
@@ -82,6 +83,7 @@ int main(int argc, char** argv)
     ToolkitFileChooser chooser(boxes);
     FileDialogs fileDialogs(chooser, settings);
     DesktopClipboard clipboard;
+    const ContextHelp help(settings);
     frmKORVEXZDR window({globals, settings, boxes, fileDialogs, clipboard});
     startUp(parsed, window);
     return QApplication::exec();

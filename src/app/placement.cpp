@@ -33,6 +33,8 @@ public:
     {
     }
 
+    [[nodiscard]] bool isStored() const { return !m_store.get(m_section, QStringLiteral("WindowState"), {}).isEmpty(); }
+
     [[nodiscard]] int pixels(const char* key, int defaultPixels) const
     {
         bool isNumber = false;
@@ -94,6 +96,11 @@ FreePlacement::FreePlacement(QWidget& window, SettingsStore& store, Resizable re
     : QObject(&window), m_window(window), m_store(store), m_resizable(resizable)
 {
     window.installEventFilter(this);
+}
+
+bool FreePlacement::isStored() const
+{
+    return freeSection(m_store, m_window).isStored();
 }
 
 void FreePlacement::restore()

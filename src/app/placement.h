@@ -23,6 +23,8 @@ public:
     /// The window's object name is its name in the store.
     FreePlacement(QWidget& window, SettingsStore& store, Resizable resizable);
 
+    /// Whether the window was ever placed and stored.
+    [[nodiscard]] bool isStored() const;
     /// Before the window is shown. A window never placed before opens at the top left corner of the screen.
     void restore();
     /// Stores the normal bounds, also of a maximised window, and the state that the window has.

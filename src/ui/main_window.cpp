@@ -7,6 +7,7 @@
 #include "field_behaviour.h"
 #include "globals.h"
 #include "guard.h"
+#include "help_key.h"
 #include "load_save.h"
 #include "message_boxes.h"
 #include "options_dialog.h"
@@ -152,6 +153,7 @@ void frmKORVEXZDR::connectCommands()
     command(m_menu.mnuVybraneZdrojeSchranka, &frmKORVEXZDR::copyMarked);
     command(m_menu.mnuVypocetVsDw0, &frmKORVEXZDR::showStackGas);
     command(m_menu.mnuVypocetXY, &frmKORVEXZDR::calculateXY);
+    command(m_menu.mnuNHelp, &frmKORVEXZDR::showHelp);
     command(m_menu.mnuNOAplikaci, &frmKORVEXZDR::showAbout);
     command(m_menu.mnuVZrusVybrane, &frmKORVEXZDR::deleteMarked);
     command(m_menu.mnuVZrus, &frmKORVEXZDR::deleteAll);
@@ -288,6 +290,11 @@ void frmKORVEXZDR::showOptions()
 {
     frmOptions(m_shell, m_sourceNumbers, *this).exec();
     updateMenuState();
+}
+
+void frmKORVEXZDR::showHelp()
+{
+    sendHelpKey(*this);
 }
 
 void frmKORVEXZDR::showAbout()

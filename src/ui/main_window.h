@@ -65,6 +65,7 @@ private:
     void saveAll();
     void editDustGroups();
     void showOptions();
+    void showHelp();
     void showAbout();
     void copyMarked();
     void showStackGas();

@@ -1,0 +1,155 @@
+#include "help_pages.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSet>
+#include <QXmlStreamReader>
+
+namespace korvex {
+
+namespace {
+
+const QString folder = QStringLiteral(":/help/KORVEXV2001/");
+const QString ending = QStringLiteral(".html");
+
+/// The pages are well-formed XML, and a test holds them to it.
+class PageReader {
+public:
+    explicit PageReader(const QString& name) : m_file(folder + name + ending)
+    {
+        if (m_file.open(QIODevice::ReadOnly))
+            m_xml.setDevice(&m_file);
+    }
+
+    [[nodiscard]] QXmlStreamReader& xml() { return m_xml; }
+
+private:
+    QFile m_file;
+    QXmlStreamReader m_xml;
+};
+
+/// Collects what is between the marks of the page, a block at a time.
+class BlockCollector {
+public:
+    void add(QStringView text) { m_block += text; }
+    void endCell() { m_block += QLatin1Char(' '); }
+    void endBlock()
+    {
+        const QString text = m_block.simplified();
+        if (!text.isEmpty())
+            m_blocks.append(text);
+        m_block.clear();
+    }
+    [[nodiscard]] QStringList blocks() const { return m_blocks; }
+
+private:
+    QString m_block;
+    QStringList m_blocks;
+};
+
+bool isBlock(QStringView element)
+{
+    static const QSet<QString> blocks{QStringLiteral("h1"), QStringLiteral("h2"), QStringLiteral("h3"),
+        QStringLiteral("p"), QStringLiteral("li"), QStringLiteral("tr"), QStringLiteral("pre"), QStringLiteral("dt"),
+        QStringLiteral("dd")};
+    return blocks.contains(element.toString());
+}
+
+bool isCell(QStringView element)
+{
+    return element == QStringLiteral("td") || element == QStringLiteral("th");
+}
+
+QList<HelpChapter> readList(QXmlStreamReader& xml);
+
+/// Stands in the start of an entry and reads to its end.
+HelpChapter readEntry(QXmlStreamReader& xml)
+{
+    HelpChapter chapter;
+    while (xml.readNextStartElement()) {
+        if (xml.name() == QStringLiteral("a")) {
+            chapter.page = helpPageAt(QUrl(QStringLiteral("qrc") + folder + xml.attributes().value("href").toString()));
+            chapter.title = xml.readElementText().simplified();
+        } else if (xml.name() == QStringLiteral("ul")) {
+            chapter.parts = readList(xml);
+        } else {
+            xml.skipCurrentElement();
+        }
+    }
+    return chapter;
+}
+
+/// Stands in the start of a list and reads to its end.
+QList<HelpChapter> readList(QXmlStreamReader& xml)
+{
+    QList<HelpChapter> chapters;
+    while (xml.readNextStartElement())
+        chapters.append(readEntry(xml));
+    return chapters;
+}
+
+}  // namespace
+
+const QString contentsHelpPage = QStringLiteral("obsah");
+
+QStringList helpPageNames()
+{
+    QStringList names;
+    for (const QString& file : QDir(folder).entryList({QLatin1Char('*') + ending}, QDir::Files, QDir::Name))
+        names.append(file.chopped(ending.size()));
+    return names;
+}
+
+bool isHelpPage(const QString& name)
+{
+    return !name.isEmpty() && !name.contains(QLatin1Char('/')) && QFile::exists(folder + name + ending);
+}
+
+QUrl helpPageAddress(const QString& name)
+{
+    return QUrl(QStringLiteral("qrc") + folder + name + ending);
+}
+
+QString helpPageAt(const QUrl& address)
+{
+    const QString path = address.path();
+    if (address.scheme() != QStringLiteral("qrc") || !path.endsWith(ending))
+        return {};
+    const QString name = path.chopped(ending.size()).section(QLatin1Char('/'), -1);
+    return isHelpPage(name) && helpPageAddress(name).path() == path ? name : QString();
+}
+
+HelpText helpText(const QString& name)
+{
+    PageReader reader(name);
+    QXmlStreamReader& xml = reader.xml();
+    HelpText text;
+    BlockCollector collector;
+    while (!xml.atEnd()) {
+        xml.readNext();
+        if (xml.isStartElement() && xml.name() == QStringLiteral("title"))
+            text.title = xml.readElementText().simplified();
+        else if (xml.isCharacters())
+            collector.add(xml.text());
+        else if ((xml.isStartElement() || xml.isEndElement()) && isBlock(xml.name()))
+            collector.endBlock();
+        else if (xml.isEndElement() && isCell(xml.name()))
+            collector.endCell();
+    }
+    text.blocks = collector.blocks();
+    return text;
+}
+
+QList<HelpChapter> helpChapters()
+{
+    PageReader reader(contentsHelpPage);
+    QXmlStreamReader& xml = reader.xml();
+    while (!xml.atEnd()) {
+        xml.readNext();
+        if (xml.isStartElement() && xml.name() == QStringLiteral("ul"))
+            return readList(xml);
+    }
+    return {};
+}
+
+}  // namespace korvex
