@@ -6,5 +6,6 @@ function(korvex_help target)
   if(NOT files)
     message(FATAL_ERROR "help/KORVEXV2001 holds no page")
   endif()
-  qt_add_resources(${target} help PREFIX /help BASE ${CMAKE_SOURCE_DIR}/help FILES ${files})
+  qt_add_resources(${target} help PREFIX /help BASE ${CMAKE_SOURCE_DIR}/help FILES ${files}
+    OPTIONS --format-version 1)
 endfunction()

@@ -5,6 +5,7 @@
 #include "number_text.h"
 
 #include <QEvent>
+#include <QFocusEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -25,14 +26,21 @@ public:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        // At once would be too early: the click that brings the focus would undo it.
-        if (event->type() == QEvent::FocusIn)
-            QTimer::singleShot(0, &m_field, &QLineEdit::selectAll);
+        if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+            const bool isOfWindow = static_cast<QFocusEvent*>(event)->reason() == Qt::ActiveWindowFocusReason;
+            // Back from another window the user goes on typing where the text was left.
+            const bool isBack = isOfWindow && m_isLeftByWindow;
+            m_isLeftByWindow = isOfWindow && event->type() == QEvent::FocusOut;
+            // At once would be too early: the click that brings the focus would undo it.
+            if (event->type() == QEvent::FocusIn && !isBack)
+                QTimer::singleShot(0, &m_field, &QLineEdit::selectAll);
+        }
         return QObject::eventFilter(watched, event);
     }
 
 private:
     QLineEdit& m_field;
+    bool m_isLeftByWindow = false;
 };
 
 class KeyFilter : public QObject {

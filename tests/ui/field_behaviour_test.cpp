@@ -98,6 +98,7 @@ private slots:
     void clickInAFieldThatHasTheFocusSelectsNothing();
     void focusSelectsAnewEachTime();
     void typingReplacesWhatFocusSelected();
+    void backFromAnotherWindowTypingGoesOn();
 
     void fieldIsReadWithTheUsersSeparator();
     void fieldWithoutANumberIsZero();
@@ -416,6 +417,25 @@ void FieldBehaviourTest::typingReplacesWhatFocusSelected()
     QTRY_COMPARE(window.field.selectedText(), QStringLiteral("101325"));
     QTest::keyClicks(&window.field, QStringLiteral("98000"));
     QCOMPARE(window.field.text(), QStringLiteral("98000"));
+}
+
+void FieldBehaviourTest::backFromAnotherWindowTypingGoesOn()
+{
+    FieldWindow window;
+    SelectAllText(window.field);
+    QVERIFY(window.showActive());
+    window.field.setFocus();
+    QCoreApplication::processEvents();
+    QTest::keyClicks(&window.field, QStringLiteral("1013"));
+    QWidget help;
+    help.show();
+    help.activateWindow();
+    QTRY_VERIFY(help.isActiveWindow());
+    window.activateWindow();
+    QTRY_VERIFY(window.field.hasFocus());
+    QCoreApplication::processEvents();
+    QTest::keyClicks(&window.field, QStringLiteral("25"));
+    QCOMPARE(window.field.text(), QStringLiteral("101325"));
 }
 
 void FieldBehaviourTest::fieldIsReadWithTheUsersSeparator()
