@@ -187,8 +187,7 @@ Result<Inventory> loadInventory(const SourceFiles& files)
     for (const RecordPlace& place : report.unknownType)
         wanted.add(place.number);
     wanted.finish();
-    Result<void> passed
-        = findNotTaken(files.description, LoadFinding::DescriptionNotTaken, wanted, inventory.findings);
+    Result<void> passed = findNotTaken(files.description, LoadFinding::DescriptionNotTaken, wanted, inventory.findings);
     if (passed.ok() && inventory.hasDust()) {
         wanted.forget();
         passed = findNotTaken(files.dust, LoadFinding::DustNotTaken, wanted, inventory.findings);

@@ -24,7 +24,7 @@ enum class LoadFinding {
 struct FindingPlace {
     LoadFinding finding;
     std::string path;
-    std::size_t line;     // from 1
+    std::size_t line;    // from 1
     std::string number;  // the record's own
 };
 

@@ -53,22 +53,13 @@ fs::path makeFolder(const fs::path& parent)
     return {};
 }
 
-/// Only what this class made itself is ever dropped.
-bool isFolderOfSave(const fs::path& folder)
-{
-    const std::string name = folder.filename().string();
-    constexpr std::string_view form = "0000-00-00_00-00-00_00";
-    const auto fits = [](char expected, char c) { return expected == '0' ? c >= '0' && c <= '9' : c == expected; };
-    return std::equal(form.begin(), form.end(), name.begin(), name.end(), fits);
-}
-
 /// The folder just made stays whatever its name: the clock may have been set back since the others were made.
 void dropOldest(const fs::path& parent, const fs::path& justMade)
 {
     std::error_code error;
     std::vector<fs::path> folders;
     for (fs::directory_iterator entry(parent, error), end; !error && entry != end; entry.increment(error)) {
-        if (isFolderOfSave(entry->path()) && entry->path() != justMade)
+        if (SafetyCopies::isNameOfSave(entry->path().filename().string()) && entry->path() != justMade)
             folders.push_back(entry->path());
     }
     if (folders.size() < savesKept)
@@ -80,6 +71,13 @@ void dropOldest(const fs::path& parent, const fs::path& justMade)
 }
 
 }  // namespace
+
+bool SafetyCopies::isNameOfSave(std::string_view name)
+{
+    constexpr std::string_view form = "0000-00-00_00-00-00_00";
+    const auto fits = [](char expected, char c) { return expected == '0' ? c >= '0' && c <= '9' : c == expected; };
+    return std::equal(form.begin(), form.end(), name.begin(), name.end(), fits);
+}
 
 std::string SafetyCopies::copy(const std::vector<std::string>& paths) const
 {

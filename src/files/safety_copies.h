@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -17,6 +18,9 @@ public:
     /// Copies those of the files that exist and drops the oldest save beyond ten. Returns the folder of the copies,
     /// empty when there are none.
     [[nodiscard]] std::string copy(const std::vector<std::string>& paths) const;
+
+    /// Whether a folder has a name that this class gives. Only such a folder is ever dropped.
+    [[nodiscard]] static bool isNameOfSave(std::string_view name);
 
 private:
     std::string m_folder;
