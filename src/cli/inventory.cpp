@@ -38,9 +38,8 @@ public:
     {
         std::sort(m_numbers.begin(), m_numbers.end());
         m_numbers.erase(std::unique(m_numbers.begin(), m_numbers.end()), m_numbers.end());
-        forget();
+        m_taken.assign(m_numbers.size(), false);
     }
-    void forget() { m_taken.assign(m_numbers.size(), false); }
 
     /// False when no source has the number, or the record is not the first.
     bool take(std::int32_t number)
@@ -58,6 +57,28 @@ private:
     std::vector<std::int32_t> m_numbers;
     std::vector<bool> m_taken;
 };
+
+enum class Wanted { Description, Dust };
+
+WantedNumbers wantedNumbers(const SourceSet& set, const LoadReport& report, Wanted what)
+{
+    // The dust of a source without a description is not looked up. They come in the order of the sources.
+    auto skipped = report.missingDescription.begin();
+    WantedNumbers wanted;
+    for (std::size_t position = 1; position <= set.size(); ++position) {
+        const std::int32_t number = set.at(position).ICZ();
+        const bool isSkipped = skipped != report.missingDescription.end() && skipped->number == number;
+        if (isSkipped)
+            ++skipped;
+        if (!isSkipped || what == Wanted::Description)
+            wanted.add(number);
+    }
+    // Told already: the other records of such a source are no findings of their own.
+    for (const RecordPlace& place : report.unknownType)
+        wanted.add(place.number);
+    wanted.finish();
+    return wanted;
+}
 
 /// The number as the loader compares it; none for one that is not whole and thus of no source.
 std::optional<std::int32_t> wholeNumber(std::string_view record)
@@ -180,16 +201,11 @@ Result<Inventory> loadInventory(const SourceFiles& files)
     std::stable_sort(inventory.findings.begin(), inventory.findings.end(),
         [](const FindingPlace& a, const FindingPlace& b) { return a.line < b.line; });
 
-    WantedNumbers wanted;
-    for (std::size_t position = 1; position <= inventory.set.size(); ++position)
-        wanted.add(inventory.set.at(position).ICZ());
-    // Told already: the other records of such a source are no findings of their own.
-    for (const RecordPlace& place : report.unknownType)
-        wanted.add(place.number);
-    wanted.finish();
-    Result<void> passed = findNotTaken(files.description, LoadFinding::DescriptionNotTaken, wanted, inventory.findings);
+    WantedNumbers wanted = wantedNumbers(inventory.set, report, Wanted::Description);
+    Result<void> passed
+        = findNotTaken(files.description, LoadFinding::DescriptionNotTaken, wanted, inventory.findings);
     if (passed.ok() && inventory.hasDust()) {
-        wanted.forget();
+        wanted = wantedNumbers(inventory.set, report, Wanted::Dust);
         passed = findNotTaken(files.dust, LoadFinding::DustNotTaken, wanted, inventory.findings);
     }
     if (!passed.ok())
