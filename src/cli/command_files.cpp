@@ -61,7 +61,8 @@ std::string textOf(const CommandContext& context, Distortion::Kind kind)
     case Distortion::Kind::Semicolon:
         break;
     }
-    return context.text("má v názvu středník, název by tam skončil", "has a semicolon in its name, which would end there");
+    return context.text(
+        "má v názvu středník, název by tam skončil", "has a semicolon in its name, which would end there");
 }
 
 void sayMore(CommandContext& context, std::size_t count)
@@ -85,7 +86,8 @@ bool crossesKinds(CommandContext& context, const SourceFiles& input, const Sourc
         for (std::size_t j = 0; j < to.size(); ++j) {
             if (i == j || from[i]->empty() || to[j]->empty() || !isSameFile(*from[i], *to[j]))
                 continue;
-            context.fail(context.text("Výstup by přepsal vstup jiného druhu: ", "The output would replace an input of another kind: ")
+            context.fail(context.text("Výstup by přepsal vstup jiného druhu: ",
+                             "The output would replace an input of another kind: ")
                 + *to[j]);
             return true;
         }
@@ -129,7 +131,8 @@ void addLossOption(CLI::App& command, const CommandContext& context, bool& accep
 void addDustOption(CLI::App& command, const CommandContext& context, bool& withoutDust)
 {
     command.add_flag("--without-dust", withoutDust,
-        context.text("Zapíše jen body a popis, prach vynechá.", "Writes points and description only, leaves dust out."));
+        context.text(
+            "Zapíše jen body a popis, prach vynechá.", "Writes points and description only, leaves dust out."));
 }
 
 void addOutputOptions(CLI::App& command, const CommandContext& context, OutputArguments& arguments)

@@ -202,8 +202,7 @@ Result<Inventory> loadInventory(const SourceFiles& files)
         [](const FindingPlace& a, const FindingPlace& b) { return a.line < b.line; });
 
     WantedNumbers wanted = wantedNumbers(inventory.set, report, Wanted::Description);
-    Result<void> passed
-        = findNotTaken(files.description, LoadFinding::DescriptionNotTaken, wanted, inventory.findings);
+    Result<void> passed = findNotTaken(files.description, LoadFinding::DescriptionNotTaken, wanted, inventory.findings);
     if (passed.ok() && inventory.hasDust()) {
         wanted = wantedNumbers(inventory.set, report, Wanted::Dust);
         passed = findNotTaken(files.dust, LoadFinding::DustNotTaken, wanted, inventory.findings);

@@ -1,7 +1,15 @@
 // The companion tool's entry: makes its commands and runs the one that was asked for.
+#include "calc_command.h"
 #include "check_command.h"
 #include "command_context.h"
+#include "diff_command.h"
+#include "export_command.h"
+#include "extract_command.h"
+#include "import_command.h"
+#include "merge_command.h"
 #include "program.h"
+#include "renumber_command.h"
+#include "restore_command.h"
 #include "stat_command.h"
 #include "text_output.h"
 
@@ -26,5 +34,13 @@ int main(int argc, char** argv)
     const auto app = makeApp(context);
     addCheckCommand(*app, context);
     addStatCommand(*app, context);
+    addDiffCommand(*app, context);
+    addMergeCommand(*app, context);
+    addExtractCommand(*app, context);
+    addRenumberCommand(*app, context);
+    addExportCommand(*app, context);
+    addImportCommand(*app, context);
+    addCalcCommand(*app, context);
+    addRestoreCommand(*app, context);
     return runApp(*app, context, arguments);
 }

@@ -43,15 +43,6 @@ std::optional<NumberRange> readRange(std::string_view text)
     return NumberRange{*first, *last};
 }
 
-std::optional<double> readCoordinate(std::string_view text)
-{
-    double value = 0.0;
-    const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (read.ec != std::errc() || read.ptr != text.data() + text.size() || !std::isfinite(value))
-        return std::nullopt;
-    return value;
-}
-
 }  // namespace
 
 std::optional<std::vector<NumberRange>> readNumberRanges(std::string_view text)
@@ -74,6 +65,15 @@ bool contains(const std::vector<NumberRange>& ranges, std::int32_t number)
         [number](const NumberRange& range) { return range.first <= number && number <= range.last; });
 }
 
+std::optional<double> readPlainReal(std::string_view text)
+{
+    double value = 0.0;
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (read.ec != std::errc() || read.ptr != text.data() + text.size() || !std::isfinite(value))
+        return std::nullopt;
+    return value;
+}
+
 std::optional<BoundingBox> readBoundingBox(std::string_view text)
 {
     constexpr auto corners = 3;
@@ -82,7 +82,7 @@ std::optional<BoundingBox> readBoundingBox(std::string_view text)
     std::array<double, 4> values{};
     Fields fields(text, ',');
     for (double& value : values) {
-        const std::optional<double> read = readCoordinate(fields.next());
+        const std::optional<double> read = readPlainReal(fields.next());
         if (!read)
             return std::nullopt;
         value = *read;

@@ -21,6 +21,9 @@ struct NumberRange {
 [[nodiscard]] std::optional<std::vector<NumberRange>> readNumberRanges(std::string_view text);
 [[nodiscard]] bool contains(const std::vector<NumberRange>& ranges, std::int32_t number);
 
+/// A finite number with "." that is all of the text.
+[[nodiscard]] std::optional<double> readPlainReal(std::string_view text);
+
 /// Both ends belong to it; in m.
 struct BoundingBox {
     double left;
