@@ -142,7 +142,7 @@ void addOutputOptions(CLI::App& command, const CommandContext& context, OutputAr
             context.text("Kam zapsat: soubor s body, s popisem a s prachem; tato volba ať stojí jako poslední.",
                 "Where to write: points, description and dust file; this option should come last."))
         ->expected(2, 3)
-        ->type_name(context.text("BODY POPIS [PRACH]", "POINTS DESCRIPTION [DUST]"));
+        ->option_text(context.text("BODY POPIS [PRACH]", "POINTS DESCRIPTION [DUST]"));
     addForceOption(command, context, arguments.force);
     addLossOption(command, context, arguments.acceptLosses);
     addDustOption(command, context, arguments.withoutDust);

@@ -189,15 +189,15 @@ void addDiffCommand(CLI::App& app, CommandContext& context)
         ->add_option(context.text("SOUBORY", "FILES"), arguments->paths,
             context.text("Soubory starého a za nimi nového soupisu, 2 nebo 3 na každé straně.",
                 "The files of the old and behind them of the new inventory, 2 or 3 a side."))
-        ->type_name(context.text(
+        ->option_text(context.text(
             "BODY POPIS [PRACH] [+] BODY POPIS [PRACH]", "POINTS DESCRIPTION [DUST] [+] POINTS DESCRIPTION [DUST]"));
     const std::string side = context.text("BODY POPIS [PRACH]", "POINTS DESCRIPTION [DUST]");
     command->add_option("--old", arguments->before, context.text("Starý soupis.", "The old inventory."))
         ->expected(2, 3)
-        ->type_name(side);
+        ->option_text(side);
     command->add_option("--new", arguments->after, context.text("Nový soupis.", "The new inventory."))
         ->expected(2, 3)
-        ->type_name(side);
+        ->option_text(side);
     command->add_flag("--ignore-order", arguments->ignoreOrder,
         context.text("Jiné pořadí zdrojů není rozdíl.", "Another order of the sources is no difference."));
     command->footer(

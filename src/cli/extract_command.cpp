@@ -18,7 +18,7 @@ namespace {
 
 struct ExtractArguments {
     InventoryArguments input;
-    std::vector<std::string> types;
+    std::string types;
     std::string numbers;
     std::string box;
     std::string name;
@@ -30,8 +30,13 @@ struct ExtractArguments {
 std::optional<Selection> selectionOf(CommandContext& context, const ExtractArguments& arguments)
 {
     Selection selection;
-    for (const std::string& type : arguments.types)
-        selection.types.push_back(type == "point" ? 1 : type == "area" ? 2 : 3);
+    const std::optional<std::vector<std::int32_t>> types = readTypes(arguments.types);
+    if (!types) {
+        context.fail(
+            context.text("Nesrozumitelné typy zdrojů: ", "Types that cannot be understood: ") + arguments.types);
+        return std::nullopt;
+    }
+    selection.types = *types;
     if (!arguments.numbers.empty()) {
         const auto ranges = readNumberRanges(arguments.numbers);
         if (!ranges) {
@@ -96,9 +101,6 @@ void addExtractCommand(CLI::App& app, CommandContext& context)
     command
         ->add_option("--type", arguments->types,
             context.text("Typy zdrojů oddělené čárkou.", "Types of sources, commas between them."))
-        ->delimiter(',')
-        ->expected(1)
-        ->check(CLI::IsMember({"point", "area", "line"}))
         ->type_name("point|area|line");
     command
         ->add_option("--numbers", arguments->numbers,

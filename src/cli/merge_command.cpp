@@ -134,7 +134,7 @@ void addMergeCommand(CLI::App& app, CommandContext& context)
             context.text(
                 "Soubory soupisů; mezi soupisy stojí „+“.", "The files of the inventories, \"+\" between them."))
         ->required()
-        ->type_name(context.text(
+        ->option_text(context.text(
             "BODY POPIS [PRACH] + BODY POPIS [PRACH] …", "POINTS DESCRIPTION [DUST] + POINTS DESCRIPTION [DUST] …"));
     command
         ->add_option("--on-conflict", arguments->onConflict,

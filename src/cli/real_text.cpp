@@ -7,7 +7,7 @@ namespace korvex {
 
 std::string sumText(double value)
 {
-    constexpr int digits = 9;
+    constexpr int digits = 7;
     if (value == 0.0)
         return "0";
     std::array<char, 32> buffer{};

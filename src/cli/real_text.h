@@ -5,7 +5,7 @@
 
 namespace korvex {
 
-/// With "." and at most nine significant digits, whatever the locale.
+/// With "." and at most seven significant digits, as many as the values had that were summed.
 [[nodiscard]] std::string sumText(double value);
 
 }  // namespace korvex

@@ -6,6 +6,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
 #include <limits>
 #include <system_error>
 #include <utility>
@@ -89,6 +90,23 @@ std::optional<BoundingBox> readBoundingBox(std::string_view text)
     }
     return BoundingBox{std::min(values[0], values[2]), std::min(values[1], values[3]), std::max(values[0], values[2]),
         std::max(values[1], values[3])};
+}
+
+std::optional<std::vector<std::int32_t>> readTypes(std::string_view text)
+{
+    constexpr std::array<std::string_view, 3> names{"point", "area", "line"};
+    std::vector<std::int32_t> types;
+    if (text.empty())
+        return types;
+    const auto count = std::count(text.begin(), text.end(), ',') + 1;
+    Fields fields(text, ',');
+    for (std::ptrdiff_t i = 0; i < count; ++i) {
+        const auto* const found = std::find(names.begin(), names.end(), fields.next());
+        if (found == names.end())
+            return std::nullopt;
+        types.push_back(static_cast<std::int32_t>(found - names.begin()) + 1);
+    }
+    return types;
 }
 
 bool Selection::matches(const cZdroje& source) const

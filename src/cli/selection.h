@@ -35,6 +35,9 @@ struct BoundingBox {
 /// Reads "X1,Y1,X2,Y2", two opposite corners in any order.
 [[nodiscard]] std::optional<BoundingBox> readBoundingBox(std::string_view text);
 
+/// Reads "point,area,line", or some of them, as type codes; none are meant by an empty text.
+[[nodiscard]] std::optional<std::vector<std::int32_t>> readTypes(std::string_view text);
+
 /// All conditions that are given have to hold.
 struct Selection {
     std::vector<std::int32_t> types;   // type codes; empty: any

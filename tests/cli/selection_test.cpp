@@ -44,6 +44,15 @@ TEST(BoundingBox, IsReadFromTwoCornersInAnyOrder)
         EXPECT_FALSE(readBoundingBox(wrong).has_value()) << wrong;
 }
 
+TEST(SourceTypes, AreReadByTheirNames)
+{
+    EXPECT_THAT(readTypes("line,point").value(), ElementsAre(3, 1));
+    EXPECT_THAT(readTypes("area").value(), ElementsAre(2));
+    EXPECT_TRUE(readTypes("").value().empty());
+    for (const std::string_view wrong : {"1", "points", "point,", "Point", "point area"})
+        EXPECT_FALSE(readTypes(wrong).has_value()) << wrong;
+}
+
 TEST(Selecting, EveryConditionGivenHasToHold)
 {
     const test::TemporaryFolder folder;
