@@ -151,7 +151,10 @@ NumberState checkNumber(Findings& findings, const CheckedLine& line, std::option
         return NumberState::Odd;
     if (extent.number.empty() || !extent.surplus.empty()) {
         const char* const fault = extent.number.empty() ? begin : extent.surplus.data();
-        findings.add(Rule::NumberText, line.placeOf(fault), source, values);
+        findings.add(Rule::NumberText, line.placeOf(fault), source, [&] {
+            const std::string quoted = quotedText(findings.language(), line.decoded(shown));
+            return std::vector{nameOf(findings, kind), quoted, kind.pattern ? integerText(readInteger(field)) : *saved};
+        });
         return NumberState::Odd;
     }
     if (kind.saved == FieldKind::Saved::Anew && shown != *saved) {

@@ -129,7 +129,8 @@ void DustCheck::checkWidth(const CheckedLine& line, std::int32_t number, std::st
         return std::vector{quotedText(m_findings.language(), line.decoded(numberField)),
             m_findings.text("popis prachu se přečte jako ", "the dust description is read as ")
                 + quotedText(m_findings.language(), line.decoded(read))
-                + m_findings.text(", doplňte je nulami", ", pad it with zeros")};
+                + (numberField.size() < numberWidth ? m_findings.text(", doplňte je nulami", ", pad it with zeros")
+                                                    : m_findings.text(", zdroj přečíslujte", ", renumber the source"))};
     });
 }
 
