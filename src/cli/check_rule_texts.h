@@ -181,8 +181,9 @@ inline constexpr std::array<RuleText, ruleCount> ruleTexts{{
         "273.15) · p / 101325. The air pressure p is given by --pressure and is 101325 Pa otherwise. A common cause is "
         "a Vs at working conditions or in m³/h."},
     {Rule::DiameterHeight, "diameter-height", RuleGroup::Physics, Severity::Warning,
-        "d = {0} m je {2} výšky H = {1} m (mez {3}); zkontrolujte, zda nejsou přehozené nebo v jiných jednotkách",
-        "d = {0} m is {2} of the height H = {1} m (limit {3}); check that they are not swapped or in other units",
+        "d = {0} m je {2}násobek výšky H = {1} m (mez {3}); zkontrolujte, zda nejsou přehozené nebo v jiných "
+        "jednotkách",
+        "d = {0} m is {2} times the height H = {1} m (limit {3}); check that they are not swapped or in other units",
         "Průměr komína bývá zlomkem jeho výšky. Velký poměr znamená většinou přehozená pole nebo průměr v milimetrech.",
         "The diameter of a stack mostly is a small part of its height. A large ratio mostly means swapped fields or a "
         "diameter in millimetres."},

@@ -132,7 +132,7 @@ NumberExtent NumberExtent::of(std::string_view field)
     return {trimBlanks(field.substr(0, end)), trimBlanks(field.substr(end))};
 }
 
-bool checkNumber(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
+NumberState checkNumber(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
     std::string_view field, const FieldKind& kind)
 {
     const NumberExtent extent = NumberExtent::of(field);
@@ -145,20 +145,23 @@ bool checkNumber(Findings& findings, const CheckedLine& line, std::optional<std:
     const char* const begin = shown.empty() ? field.data() : shown.data();
     if (!saved) {
         findings.add(Rule::NumberRange, line.placeOf(begin), source, values);
-        return false;
+        return NumberState::OutOfRange;
     }
     if (field.find(',') != std::string_view::npos)
-        return true;
+        return NumberState::Odd;
     if (extent.number.empty() || !extent.surplus.empty()) {
         const char* const fault = extent.number.empty() ? begin : extent.surplus.data();
-        findings.add(Rule::NumberText, line.placeOf(fault), source, values);
-        return true;
+        findings.add(Rule::NumberText, line.placeOf(fault), source, [&] {
+            const std::string quoted = quotedText(findings.language(), line.decoded(shown));
+            return std::vector{nameOf(findings, kind), quoted, kind.pattern ? integerText(readInteger(field)) : *saved};
+        });
+        return NumberState::Odd;
     }
-    if (kind.saved == FieldKind::Saved::AsRead || shown == *saved)
-        return true;
-    const bool isSame = readReal(shown) == readReal(*saved);
-    findings.add(isSame ? Rule::Rewritten : Rule::DigitsLost, line.placeOf(begin), source, values);
-    return true;
+    if (kind.saved == FieldKind::Saved::Anew && shown != *saved) {
+        const bool isSame = readReal(shown) == readReal(*saved);
+        findings.add(isSame ? Rule::Rewritten : Rule::DigitsLost, line.placeOf(begin), source, values);
+    }
+    return NumberState::Sound;
 }
 
 std::vector<std::string_view> splitFields(std::string_view text)
@@ -172,13 +175,12 @@ std::vector<std::string_view> splitFields(std::string_view text)
     return fields;
 }
 
-std::size_t joinDecimalCommas(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
+void joinDecimalCommas(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
     std::vector<std::string_view>& fields, std::size_t expected)
 {
     const auto beginsWithBlank = [](std::string_view field) { return !field.empty() && isBlank(field.front()); };
     if (std::none_of(fields.begin(), fields.end(), beginsWithBlank))
-        return 0;
-    const std::size_t count = fields.size();
+        return;
     for (std::size_t i = 1; i < fields.size() && fields.size() > expected;) {
         const std::string_view before = fields[i - 1];
         const std::string_view after = fields[i];
@@ -193,7 +195,6 @@ std::size_t joinDecimalCommas(Findings& findings, const CheckedLine& line, std::
         fields[i - 1] = joined;
         fields.erase(fields.begin() + static_cast<std::ptrdiff_t>(i));
     }
-    return count - fields.size();
 }
 
 void reportFieldCount(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,

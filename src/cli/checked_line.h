@@ -46,18 +46,23 @@ struct FieldKind {
     enum class Saved { Anew, AsRead } saved = Saved::Anew;
 };
 
-/// Checks one number of a record; one with a decimal comma has been reported. Returns whether it is within the range of
-/// its type.
-bool checkNumber(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
+/// What a field turned out to hold.
+enum class NumberState {
+    Sound,
+    Odd,  // is read, but not as what it looks like
+    OutOfRange,
+};
+
+/// Checks one number of a record; one with a decimal comma has been reported.
+NumberState checkNumber(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
     std::string_view field, const FieldKind& kind);
 
 /// The fields of a text between commas.
 [[nodiscard]] std::vector<std::string_view> splitFields(std::string_view text);
 
 /// Joins fields that a decimal comma has torn apart, as long as there are more than expected: two runs of digits
-/// without a blank between them, where the record has a blank behind its other commas. Reports each and returns how
-/// many there were.
-std::size_t joinDecimalCommas(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
+/// without a blank between them, where the record has a blank behind its other commas. Reports each.
+void joinDecimalCommas(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
     std::vector<std::string_view>& fields, std::size_t expected);
 
 /// Reports a record with another number of fields than expected.

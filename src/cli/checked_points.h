@@ -23,26 +23,31 @@ struct CheckedPoint {
     std::int8_t typeId = 0;  // 0: not one that is loaded
 };
 
-/// The points in file order, found by number.
+/// The points, by number; those of one number in file order.
 class CheckedPoints {
 public:
     using Points = std::vector<CheckedPoint, LargeMemory<CheckedPoint>>;
 
     void add(const CheckedPoint& point) { m_points.push_back(point); }
-    /// After the last add.
+    /// After the last add and before everything else.
     void sort();
 
-    [[nodiscard]] const Points& inFileOrder() const { return m_points; }
+    [[nodiscard]] const Points& byNumber() const { return m_points; }
     [[nodiscard]] std::size_t count() const { return m_points.size(); }
-    /// By number; those of one number in file order.
-    [[nodiscard]] CheckedPoint& byNumber(std::size_t rank);
     /// The first in the file with this number; null when there is none.
     [[nodiscard]] CheckedPoint* find(std::int32_t number);
 
 private:
+    void makeBuckets();
+    [[nodiscard]] std::size_t bucketOf(std::int32_t number) const;
+
     Points m_points;
-    std::vector<std::uint32_t, LargeMemory<std::uint32_t>> m_order;  // empty: the file is in number order
-    std::size_t m_next = 0;                                          // most files are in the same order
+    std::size_t m_next = 0;  // most files are in the same order
+
+    // Only of a file that was not in number order, for then the others will hardly be: the numbers are cut into equal
+    // ranges, and each range knows its first point.
+    std::vector<std::uint32_t, LargeMemory<std::uint32_t>> m_buckets;
+    int m_bucketShift = 0;
 };
 
 }  // namespace korvex

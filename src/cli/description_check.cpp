@@ -18,6 +18,7 @@ namespace {
 
 constexpr std::size_t fieldCount = 10;
 constexpr FieldKind numberKind{"číslo zdroje", "source number", Pattern::SourceNumber};
+constexpr FieldKind keptNumberKind{"číslo zdroje", "source number", Pattern::SourceNumber, FieldKind::Saved::AsRead};
 /// Not read, and written as 0.
 constexpr FieldKind closingKind{"poslední pole komína", "last field of a stack", Pattern::Plain};
 
@@ -38,11 +39,12 @@ FieldKind parameterKind(const char* symbol)
 
 void checkClosingField(Findings& findings, const CheckedLine& line, std::int32_t number, std::string_view closing)
 {
-    if (trimBlanks(closing) == "0")
+    const std::string_view shown = trimBlanks(closing);
+    if (shown == "0")
         return;
-    findings.add(Rule::Rewritten, line.placeOf(closing.data()), number, [&] {
+    findings.add(Rule::Rewritten, line.placeOf(shown.empty() ? closing.data() : shown.data()), number, [&] {
         return std::vector{findings.text(closingKind.czech, closingKind.english),
-            quotedText(findings.language(), line.decoded(trimBlanks(closing))), std::string("0")};
+            quotedText(findings.language(), line.decoded(shown)), std::string("0")};
     });
 }
 
@@ -104,11 +106,14 @@ void DescriptionCheck::checkOddRecord(const CheckedLine& line)
 {
     std::vector<std::string_view> fields = splitFields(line.bytes);
     const std::optional<std::int32_t> number = integerOf(fields.front());
-    const bool hasNumber = checkNumber(m_findings, line, number, fields.front(), numberKind);
-    CheckedPoint* const point = hasNumber ? sourceOf(line, number) : nullptr;
+    // A number such as 12.4 is not saved as 12: it belongs to no source.
+    const FieldKind& kind = number ? numberKind : keptNumberKind;
+    if (checkNumber(m_findings, line, number, fields.front(), kind) == NumberState::OutOfRange)
+        return;
+    CheckedPoint* const point = sourceOf(line, number);
     if (point == nullptr)
         return;
-    const std::size_t commas = joinDecimalCommas(m_findings, line, number, fields, fieldCount);
+    joinDecimalCommas(m_findings, line, number, fields, fieldCount);
     if (fields.size() != fieldCount)
         reportFieldCount(m_findings, line, number, fields.size(), fieldCount);
     const SourceType* const type = sourceTypeOf(point->typeId);
@@ -118,14 +123,15 @@ void DescriptionCheck::checkOddRecord(const CheckedLine& line)
     bool isSound = true;
     PlainParameters parameters{};
     for (std::size_t i = 0; i < std::min(count, fields.size() - 1); ++i) {
-        const bool isInRange = checkNumber(m_findings, line, number, fields[i + 1], parameterKind(symbolsOf(*type)[i]));
-        isSound = isSound && isInRange;
-        parameters[i] = isInRange ? readSingle(fields[i + 1]) : 0.0F;
+        const NumberState state
+            = checkNumber(m_findings, line, number, fields[i + 1], parameterKind(symbolsOf(*type)[i]));
+        isSound = isSound && state == NumberState::Sound;
+        parameters[i] = state == NumberState::OutOfRange ? 0.0F : readSingle(fields[i + 1]);
     }
-    if (type->hasDust && fields.size() >= fieldCount)
+    if (type->hasDust && fields.size() == fieldCount)
         checkClosingField(m_findings, line, *number, fields[fieldCount - 1]);
-    // Of a record with missing or shifted fields the values mean nothing.
-    if (isSound && commas == 0 && fields.size() == fieldCount)
+    // Of a record with unreadable, missing or shifted fields the values mean nothing.
+    if (isSound && fields.size() == fieldCount)
         checkPhysics(m_findings, {line, *point, *type, parameters, m_pressure});
 }
 

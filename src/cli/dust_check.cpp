@@ -64,7 +64,7 @@ void checkGroupLine(Findings& findings, const CheckedLine& line, GroupLinesByNum
         findings.add(Rule::NameSemicolon, line.placeOf(line.bytes.data() + second), std::nullopt,
             [&] { return std::vector{quotedText(findings.language(), line.decoded(line.bytes.substr(second)))}; });
     }
-    if (checkNumber(findings, line, std::nullopt, fields.front(), groupKind))
+    if (checkNumber(findings, line, std::nullopt, fields.front(), groupKind) == NumberState::Sound)
         checkGroupNumber(findings, line, fields.front(), groups);
     if (fields.size() < 2)
         reportFieldCount(findings, line, std::nullopt, fields.size(), 2);
@@ -99,7 +99,7 @@ void DustCheck::take(const CheckedLine& line)
         number = PlainNumber::take(digits).integer();
     } else {
         number = integerOf(numberField);
-        if (!checkNumber(m_findings, line, number, numberField, numberKind))
+        if (checkNumber(m_findings, line, number, numberField, numberKind) == NumberState::OutOfRange)
             return;
     }
     CheckedPoint* const point = sourceOf(line, number);
@@ -129,7 +129,8 @@ void DustCheck::checkWidth(const CheckedLine& line, std::int32_t number, std::st
         return std::vector{quotedText(m_findings.language(), line.decoded(numberField)),
             m_findings.text("popis prachu se přečte jako ", "the dust description is read as ")
                 + quotedText(m_findings.language(), line.decoded(read))
-                + m_findings.text(", doplňte je nulami", ", pad it with zeros")};
+                + (numberField.size() < numberWidth ? m_findings.text(", doplňte je nulami", ", pad it with zeros")
+                                                    : m_findings.text(", zdroj přečíslujte", ", renumber the source"))};
     });
 }
 
@@ -147,7 +148,7 @@ void DustCheck::checkDescription(const CheckedLine& line, std::int32_t number, s
         return;
     }
     checkNumber(m_findings, line, number, fields[0], densityKind);
-    if (!checkNumber(m_findings, line, number, fields[1], groupKind))
+    if (checkNumber(m_findings, line, number, fields[1], groupKind) != NumberState::Sound)
         return;
     group = roundedOf(fields[1]).value_or(0);
     constexpr std::size_t countAt = 2;

@@ -29,7 +29,7 @@ bool isWhole(double sum)
 void checkParticles(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
     const std::vector<std::string_view>& fields, std::size_t countAt)
 {
-    if (!checkNumber(findings, line, source, fields[countAt], countKind))
+    if (checkNumber(findings, line, source, fields[countAt], countKind) != NumberState::Sound)
         return;
     const std::size_t values = fields.size() - countAt - 1;
     const std::int32_t count = std::max(roundedOf(fields[countAt]).value_or(0), 0);
@@ -39,7 +39,8 @@ void checkParticles(Findings& findings, const CheckedLine& line, std::optional<s
     for (std::size_t i = 0; i < std::min(values, expected); ++i) {
         const bool isShare = i % 2 == 1;
         const std::string_view value = fields[countAt + 1 + i];
-        isSound = checkNumber(findings, line, source, value, isShare ? shareKind : diameterKind) && isSound;
+        const NumberState state = checkNumber(findings, line, source, value, isShare ? shareKind : diameterKind);
+        isSound = isSound && state == NumberState::Sound;
         if (isSound && isShare)
             sum += static_cast<double>(readSingle(value));
     }

@@ -30,7 +30,7 @@ Spread spreadOf(const CheckedPoints& points, std::int32_t CheckedPoint::*coordin
 {
     std::vector<std::int32_t> values;
     values.reserve(points.count());
-    for (const CheckedPoint& point : points.inFileOrder()) {
+    for (const CheckedPoint& point : points.byNumber()) {
         if (point.typeId != 0)
             values.push_back(point.*coordinate);
     }
@@ -38,8 +38,10 @@ Spread spreadOf(const CheckedPoints& points, std::int32_t CheckedPoint::*coordin
     const auto low = values.begin() + quarter;
     const auto high = values.end() - 1 - quarter;
     std::nth_element(values.begin(), low, values.end());
+    Spread spread{*low, *low, 0};
+    // Takes the lower quarter apart from the rest, so *low may be another one afterwards.
     std::nth_element(low, high, values.end());
-    Spread spread{*low, *high, 0};
+    spread.high = *high;
     spread.allowed = std::max(static_cast<std::int64_t>(limits::spreads.value) * (spread.high - spread.low),
         static_cast<std::int64_t>(limits::leastFarAway.value));
     return spread;
@@ -73,22 +75,23 @@ void checkDistance(Findings& findings, const CheckedPoint& point, const Axis& ax
 void checkDistances(Findings& findings, const CheckedPoints& points)
 {
     const auto isLoaded = [](const CheckedPoint& point) { return point.typeId != 0; };
-    const auto loaded = std::count_if(points.inFileOrder().begin(), points.inFileOrder().end(), isLoaded);
+    const auto loaded = std::count_if(points.byNumber().begin(), points.byNumber().end(), isLoaded);
     if (loaded < static_cast<std::ptrdiff_t>(limits::fewestSources.value))
         return;
     for (const Axis& axis : {Axis{"X", &CheckedPoint::x, &CheckedPoint::columnOfX},
              Axis{"Y", &CheckedPoint::y, &CheckedPoint::columnOfY}}) {
         const Spread spread = spreadOf(points, axis.value);
-        for (const CheckedPoint& point : points.inFileOrder()) {
+        for (const CheckedPoint& point : points.byNumber()) {
             if (isLoaded(point))
                 checkDistance(findings, point, axis, spread);
         }
     }
 }
 
-/// A place as one number, and where in the file its source stands.
+/// A place as one number, and which source stands there.
 struct PlacedPoint {
     std::uint64_t place;
+    std::uint32_t line;
     std::uint32_t index;
 };
 
@@ -104,9 +107,13 @@ void checkSamePlaces(Findings& findings, const CheckedPoints& points)
     std::vector<PlacedPoint, LargeMemory<PlacedPoint>> placed;
     placed.reserve(points.count());
     for (std::size_t i = 0; i < points.count(); ++i) {
-        if (points.inFileOrder()[i].typeId != 0)
-            placed.push_back({placeOf(points.inFileOrder()[i]), static_cast<std::uint32_t>(i)});
+        if (points.byNumber()[i].typeId != 0)
+            placed.push_back({placeOf(points.byNumber()[i]), points.byNumber()[i].line, static_cast<std::uint32_t>(i)});
     }
+    // In file order first: the source that stands first in the file is the one that the others name.
+    const auto isBefore = [](const PlacedPoint& a, const PlacedPoint& b) { return a.line < b.line; };
+    if (!std::is_sorted(placed.begin(), placed.end(), isBefore))
+        sortByKey(placed, 32, [](const PlacedPoint& point) { return std::uint64_t{point.line}; });
     sortByKey(placed, 64, [](const PlacedPoint& point) { return point.place; });
     std::size_t first = 0;
     for (std::size_t i = 1; i < placed.size(); ++i) {
@@ -114,8 +121,8 @@ void checkSamePlaces(Findings& findings, const CheckedPoints& points)
             first = i;
             continue;
         }
-        const CheckedPoint& point = points.inFileOrder()[placed[i].index];
-        const CheckedPoint& other = points.inFileOrder()[placed[first].index];
+        const CheckedPoint& point = points.byNumber()[placed[i].index];
+        const CheckedPoint& other = points.byNumber()[placed[first].index];
         findings.add(Rule::SamePlace, {CheckedFile::Points, point.line, point.columnOfX}, point.number, [&] {
             return std::vector{integerText(point.x), integerText(point.y), integerText(other.number),
                 integerText(static_cast<std::int32_t>(other.line))};

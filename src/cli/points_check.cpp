@@ -88,14 +88,14 @@ void checkOddRecord(Findings& findings, const CheckedLine& line, CheckedPoints& 
     joinDecimalCommas(findings, line, number, fields, fieldCount);
     if (fields.size() != fieldCount)
         reportFieldCount(findings, line, number, fields.size(), fieldCount);
-    bool isSound = true;
-    for (std::size_t i = 0; i < std::min(fields.size(), fieldCount); ++i)
-        isSound = checkNumber(findings, line, number, fields[i], fieldKinds[i]) && isSound;
-    if (number)
-        checkName(findings, line, *number);
-    // Out of range: such a file is not loaded at all.
-    if (!isSound || !number)
+    bool isInRange = true;
+    for (std::size_t i = 0; i < std::min(fields.size(), fieldCount); ++i) {
+        const NumberState state = checkNumber(findings, line, number, fields[i], fieldKinds[i]);
+        isInRange = isInRange && state != NumberState::OutOfRange;
+    }
+    if (!number)
         return;
+    checkName(findings, line, *number);
     if (*number < 0 || *number > 999999999) {
         findings.add(Rule::NumberWidth, line.place(), number, [&] {
             return std::vector{integerText(*number),
@@ -111,8 +111,9 @@ void checkOddRecord(Findings& findings, const CheckedLine& line, CheckedPoints& 
     values.number = *number;
     values.x = valueOf(xField);
     values.y = valueOf(yField);
-    values.typeId = valueOf(typeField);
-    if (typeField < fields.size() && sourceTypeOf(values.typeId) == nullptr) {
+    // With a number out of range the file is not loaded at all: nothing more is said of this source.
+    values.typeId = isInRange ? valueOf(typeField) : 0;
+    if (isInRange && typeField < fields.size() && sourceTypeOf(values.typeId) == nullptr) {
         findings.add(Rule::TypeCode, {line.file, line.number, columnOf(typeField)}, number,
             [&] { return std::vector{integerText(values.typeId)}; });
     }
@@ -120,12 +121,12 @@ void checkOddRecord(Findings& findings, const CheckedLine& line, CheckedPoints& 
 }
 
 /// The second source of a number: is it a duplicate of one before it, or does it only share the description?
-void checkOneNumber(Findings& findings, CheckedPoints& points, std::size_t first, std::size_t end)
+void checkOneNumber(Findings& findings, const CheckedPoints& points, std::size_t first, std::size_t end)
 {
     // By stack number, 0 or 1: the line on which a source of that kind stands.
     std::array<std::uint32_t, 2> lineOfKind{};
     for (std::size_t rank = first; rank < end; ++rank) {
-        const CheckedPoint& point = points.byNumber(rank);
+        const CheckedPoint& point = points.byNumber()[rank];
         const SourceType* const type = sourceTypeOf(point.typeId);
         if (type == nullptr)
             continue;
@@ -155,24 +156,23 @@ void checkPointsRecord(Findings& findings, const CheckedLine& line, CheckedPoint
     remember(line, plain, {beginOfX + 1, line.bytes.find(',', beginOfX) + 3}, points);
 }
 
-void checkNumbers(Findings& findings, CheckedPoints& points)
+void checkNumbers(Findings& findings, const CheckedPoints& points)
 {
     std::size_t end = 0;
     for (std::size_t first = 0; first < points.count(); first = end) {
-        const std::int32_t number = points.byNumber(first).number;
+        const std::int32_t number = points.byNumber()[first].number;
         end = first + 1;
-        while (end < points.count() && points.byNumber(end).number == number)
+        while (end < points.count() && points.byNumber()[end].number == number)
             ++end;
         if (end - first > 1)
             checkOneNumber(findings, points, first, end);
     }
 }
 
-void checkPartners(Findings& findings, CheckedPoints& points, DustUse dust)
+void checkPartners(Findings& findings, const CheckedPoints& points, DustUse dust)
 {
     const CheckedPoint* first = nullptr;
-    for (std::size_t rank = 0; rank < points.count(); ++rank) {
-        const CheckedPoint& point = points.byNumber(rank);
+    for (const CheckedPoint& point : points.byNumber()) {
         if (first == nullptr || first->number != point.number)
             first = &point;
         if (point.typeId == 0)

@@ -15,12 +15,12 @@ namespace korvex {
 void checkPointsRecord(Findings& findings, const CheckedLine& line, CheckedPoints& points);
 
 /// Numbers that several sources have. Needs sorted points, as the following.
-void checkNumbers(Findings& findings, CheckedPoints& points);
+void checkNumbers(Findings& findings, const CheckedPoints& points);
 
 enum class DustUse { None, WithFile };
 
 /// Points without a description or dust record, once those files have been gone through.
-void checkPartners(Findings& findings, CheckedPoints& points, DustUse dust);
+void checkPartners(Findings& findings, const CheckedPoints& points, DustUse dust);
 
 /// Coordinates far from all others, and several sources at one place.
 void checkPlaces(Findings& findings, const CheckedPoints& points);
