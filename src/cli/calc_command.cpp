@@ -8,6 +8,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string>
@@ -45,7 +46,8 @@ std::optional<CalcRequest> requestOf(CommandContext& context, const CalcArgument
 {
     CalcRequest request{quantityOf(arguments.quantity), 0.0F, {}};
     const std::optional<double> pressure = readPlainReal(arguments.pressure);
-    request.pressure = pressure ? static_cast<float>(*pressure) : 0.0F;
+    if (pressure && *pressure <= std::numeric_limits<float>::max())
+        request.pressure = static_cast<float>(*pressure);
     if (!(request.pressure > 0.0F)) {
         context.fail(
             context.text("Tlak musí být kladné číslo v Pa: ", "The pressure has to be a number above 0, in Pa: ")

@@ -127,6 +127,9 @@ std::unique_ptr<CLI::App> makeApp(CommandContext& context)
 
 int runApp(CLI::App& app, CommandContext& context, std::span<const char* const> arguments)
 {
+    // The library adds this one option to a command before our defaults reach it.
+    for (CLI::App* const command : app.get_subcommands([](const CLI::App* /*command*/) { return true; }))
+        command->get_help_ptr()->group(context.text("Volby", "Options"));
     int exitCode = static_cast<int>(Outcome::CouldNotRun);
     try {
         exitCode = parseAndRun(app, context, arguments);
