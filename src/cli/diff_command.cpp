@@ -4,8 +4,8 @@
 #include "command_files.h"
 #include "difference.h"
 #include "json_output.h"
-#include "real_text.h"
 #include "source_columns.h"
+#include "statistics_report.h"
 
 #include <CLI/CLI.hpp>
 
@@ -103,15 +103,21 @@ private:
     {
         const std::array<std::string, 3> names{m_context.text("bodové", "stacks"), m_context.text("plošné", "areas"),
             m_context.text("liniové (ML × délka)", "segments (ML × length)")};
-        const auto& before = m_difference.before;
-        const auto& after = m_difference.after;
         m_context.out << m_context.text(
-            "Součty [g/s], v závorce násobené Alfa:\n", "Sums [g/s], times Alfa in brackets:\n");
+            "Součty [g/s], v závorce násobené Alfa a Pd/24:\n", "Sums [g/s], times Alfa and Pd/24 in brackets:\n");
         for (std::size_t type = 0; type < names.size(); ++type) {
-            m_context.out << "  " << names[type] << ": " << before.counts[type] << " -> " << after.counts[type] << ", "
-                          << sumText(before.grams[type][0]) << " (" << sumText(before.grams[type][1]) << ") -> "
-                          << sumText(after.grams[type][0]) << " (" << sumText(after.grams[type][1]) << ")\n";
+            m_context.out << "  " << names[type] << ": " << textOf(m_difference.before[type]) << " -> "
+                          << textOf(m_difference.after[type]) << '\n';
         }
+    }
+
+    /// The number of sources, their emission as it is and as it comes to over a year.
+    static std::string textOf(const Tally& tally)
+    {
+        TextOutput text;
+        text << tally.count() << ", " << statisticText(tally.emission.full) << " ("
+             << statisticText(tally.emission.withBoth) << ')';
+        return text.text();
     }
 
     static Json jsonOf(const cZdroje& source)
@@ -135,13 +141,14 @@ private:
         return {{"field", column.name}, {"old", jsonNumber(field.before)}, {"new", jsonNumber(field.after)}};
     }
 
-    static Json jsonOf(const EmissionSums& sums)
+    static Json jsonOf(const std::array<Tally, 3>& tallies)
     {
         Json json;
         for (std::size_t type = 0; type < jsonTypes.size(); ++type) {
+            const EmissionSum& sum = tallies[type].emission;
             json[jsonTypes[type]]
-                = {{"count", sums.counts[type]}, {"emission", jsonNumber(sumText(sums.grams[type][0]))},
-                    {"emissionTimesAlfa", jsonNumber(sumText(sums.grams[type][1]))}};
+                = {{"count", tallies[type].count()}, {"emission", jsonNumber(statisticText(sum.full))},
+                    {"emissionTimesAlfaAndPd", jsonNumber(statisticText(sum.withBoth))}};
         }
         return json;
     }

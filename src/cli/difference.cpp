@@ -5,7 +5,6 @@
 #include "source_editor.h"
 
 #include <algorithm>
-#include <cmath>
 #include <unordered_map>
 
 namespace korvex {
@@ -116,35 +115,13 @@ private:
 
 }  // namespace
 
-EmissionSums EmissionSums::of(const SourceSet& set)
-{
-    constexpr std::int32_t alfaOfPlace = 6;
-    constexpr std::int32_t alfaOfSegment = 7;
-    EmissionSums sums;
-    for (std::size_t position = 1; position <= set.size(); ++position) {
-        const cZdroje& source = set.at(position);
-        const bool isSegment = source.TypZdrojeId() == cLiniovyZdroj.TypZdrojeId;
-        double emission = source.Parameters(0);
-        if (isSegment) {
-            const double width = double{source.Parameters(3)} - double{source.Parameters(1)};
-            const double height = double{source.Parameters(4)} - double{source.Parameters(2)};
-            emission *= std::hypot(width, height);
-        }
-        const auto type = static_cast<std::size_t>(source.TypZdrojeId() - 1);
-        ++sums.counts[type];
-        sums.grams[type][0] += emission;
-        sums.grams[type][1] += emission * double{source.Parameters(isSegment ? alfaOfSegment : alfaOfPlace)};
-    }
-    return sums;
-}
-
 Difference differenceOf(const Inventory& before, const Inventory& after)
 {
     Difference difference;
     difference.dustCompared = before.hasDust() == after.hasDust();
     difference.commentDiffers = before.comment != after.comment;
-    difference.before = EmissionSums::of(before.set);
-    difference.after = EmissionSums::of(after.set);
+    difference.before = statisticsOf(before.set).ofType;
+    difference.after = statisticsOf(after.set).ofType;
     Comparison(before, after, difference).run();
     return difference;
 }

@@ -1,6 +1,8 @@
 // What differs between two inventories, source by source and field by field.
 #pragma once
 
+#include "statistics.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -10,7 +12,6 @@
 namespace korvex {
 
 struct Inventory;
-class SourceSet;
 
 struct FieldChange {
     std::size_t column;  // column::Index
@@ -24,23 +25,15 @@ struct SourceChange {
     std::vector<FieldChange> fields;
 };
 
-/// Sums over all sources, in 64 bits. Index 0: with the emission alone; 1: times the yearly use (Alfa).
-struct EmissionSums {
-    std::array<std::size_t, 3> counts{};           // by type code less 1
-    std::array<std::array<double, 2>, 3> grams{};  // g/s; of segments ML times their length
-
-    [[nodiscard]] static EmissionSums of(const SourceSet& set);
-};
-
 struct Difference {
     std::vector<std::size_t> removed;   // positions in the old set
     std::vector<std::size_t> added;     // positions in the new set
     std::vector<SourceChange> changed;  // in the order of the old set
     bool orderDiffers = false;          // of the sources that are in both
     bool commentDiffers = false;
-    bool dustCompared = true;  // false: just one side has a dust file
-    EmissionSums before;
-    EmissionSums after;
+    bool dustCompared = true;     // false: just one side has a dust file
+    std::array<Tally, 3> before;  // counts and emissions by type code less 1
+    std::array<Tally, 3> after;
 
     [[nodiscard]] bool empty() const
     {

@@ -156,16 +156,15 @@ TEST_F(DifferenceTest, AChangedTypeShowsTheValuesThatCameAndWent)
     EXPECT_EQ(difference.changed[0].fields[0].after, "2");
 }
 
-TEST_F(DifferenceTest, EmissionsAreSummedByTypeWithTheLengthOfSegments)
+TEST_F(DifferenceTest, EmissionsAreSummedBeforeAndAfter)
 {
-    const EmissionSums sums = EmissionSums::of(three().set);
-    EXPECT_THAT(sums.counts, ElementsAre(1U, 1U, 1U));
-    EXPECT_NEAR(sums.grams[0][0], 0.5, 1e-7);
-    EXPECT_NEAR(sums.grams[0][1], 0.5 * 0.8, 1e-7);
-    EXPECT_NEAR(sums.grams[1][0], 0.25, 1e-7);
-    EXPECT_NEAR(sums.grams[1][1], 0.25 * 0.5, 1e-7);
-    EXPECT_NEAR(sums.grams[2][0], 0.01 * 50, 1e-7) << "30 and 40 make 50 m";
-    EXPECT_NEAR(sums.grams[2][1], 0.01 * 50 * 0.4, 1e-7);
+    Inventory after = three();
+    after.set.at(1).Parameters(0, 0.75F);
+    const Difference difference = differenceOf(three(), after);
+    EXPECT_EQ(difference.before[0].emission.full, 0.5);
+    EXPECT_EQ(difference.after[0].emission.full, 0.75);
+    EXPECT_EQ(difference.after[1].emission.full, 0.25);
+    EXPECT_NEAR(difference.after[2].emission.full, 0.01 * 50, 1e-7) << "30 and 40 make 50 m";
 }
 
 }  // namespace
