@@ -110,12 +110,14 @@ void addCheckCommand(CLI::App& app, CommandContext& context)
             "Checks an inventory: form of the records, relations between the files, physics of the values."));
     const std::string file = context.text("SOUBOR", "FILE");
     const std::string rule = context.text("PRAVIDLO", "RULE");
-    command->add_option("points", request.files.points, context.text("Soubor s body.", "Points file."))
-        ->type_name(file);
-    command
-        ->add_option("description", request.files.description, context.text("Soubor s popisem.", "Description file."))
-        ->type_name(file);
-    command->add_option("dust", request.files.dust, context.text("Soubor s prachem.", "Dust file."))->type_name(file);
+    const auto addFile = [command](const std::string& name, std::string& path, const std::string& meaning) {
+        command->add_option(name, path, meaning)->type_name("");
+    };
+    addFile(context.text("BODY", "POINTS"), request.files.points, context.text("Soubor s body.", "Points file."));
+    addFile(context.text("POPIS", "DESCRIPTION"), request.files.description,
+        context.text("Soubor s popisem.", "Description file."));
+    addFile(context.text("PRACH", "DUST"), request.files.dust,
+        context.text("Soubor s prachem, pokud k soupisu patří.", "Dust file, when the inventory has one."));
     command
         ->add_option("--groups", request.groups,
             context.text("Soubor se skupinami prachu; bez něj se odkazy na skupiny nekontrolují.",
@@ -125,7 +127,7 @@ void addCheckCommand(CLI::App& app, CommandContext& context)
         ->add_option("--pressure", request.pressure,
             context.text("Tlak vzduchu v Pa, pro který platí Vs (výchozí 101325).",
                 "Air pressure in Pa that Vs belongs to (101325 by default)."))
-        ->check(CLI::Range(10000.0, 200000.0))
+        ->check(CLI::Range(10000.0, 200000.0).description(""))
         ->type_name("PA");
     command
         ->add_option("--max", options->most,
@@ -135,9 +137,11 @@ void addCheckCommand(CLI::App& app, CommandContext& context)
     command
         ->add_option("--only", options->only, context.text("Hledá jen tato pravidla.", "Looks for these rules only."))
         ->delimiter(',')
+        ->allow_extra_args(false)
         ->type_name(rule);
     command->add_option("--skip", options->skip, context.text("Vynechá tato pravidla.", "Leaves these rules out."))
         ->delimiter(',')
+        ->allow_extra_args(false)
         ->type_name(rule);
     command
         ->add_option("--explain", options->explain,

@@ -44,6 +44,16 @@ private:
     std::vector<bool> m_isTaken;
 };
 
+/// Most sources are the same; making texts of all their values takes longer than to see that.
+bool isSame(const cZdroje& before, const cZdroje& after)
+{
+    const SourceValues a = before.values();
+    const SourceValues b = after.values();
+    return before.TypZdrojeId() == after.TypZdrojeId() && a.name == b.name && a.x == b.x && a.y == b.y
+        && a.altitude == b.altitude && a.group == b.group && a.cluster == b.cluster && a.parameters == b.parameters
+        && a.dust == b.dust;
+}
+
 class Comparison {
 public:
     Comparison(const Inventory& before, const Inventory& after, Difference& difference)
@@ -76,6 +86,8 @@ private:
     {
         const cZdroje& before = m_before.set.at(oldPosition);
         const cZdroje& after = m_after.set.at(newPosition);
+        if (isSame(before, after))
+            return;
         m_oldRow.fill(before);
         m_newRow.fill(after);
         if (before.TypZdrojeId() == after.TypZdrojeId())

@@ -16,21 +16,34 @@ namespace korvex {
 
 namespace {
 
-void speakCzech(CLI::App& app)
+/// Columns of characters: the library counts bytes, and Czech letters have two.
+class CharacterColumns : public CLI::Formatter {
+public:
+    std::string make_option(const CLI::Option* option, bool isPositional) const override
+    {
+        constexpr std::size_t width = 30;
+        const std::string name = "  " + make_option_name(option, isPositional) + make_option_opts(option);
+        const auto isCharacter = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
+        const auto shown = static_cast<std::size_t>(std::count_if(name.begin(), name.end(), isCharacter));
+        const std::string gap = shown < width ? std::string(width - shown, ' ') : '\n' + std::string(width, ' ');
+        return name + gap + make_option_desc(option) + '\n';
+    }
+};
+
+void speakCzech(CLI::Formatter& formatter)
 {
-    const auto formatter = app.get_formatter();
-    formatter->label("Usage", "Použití");
-    formatter->label("Positionals", "Argumenty");
-    formatter->label("OPTIONS", "VOLBY");
-    formatter->label("SUBCOMMAND", "PŘÍKAZ");
-    formatter->label("SUBCOMMANDS", "PŘÍKAZY");
-    formatter->label("REQUIRED", "POVINNÉ");
-    formatter->label("Needs", "Jen s");
-    formatter->label("Excludes", "Ne spolu s");
-    formatter->label("TEXT", "TEXT");
-    formatter->label("INT", "ČÍSLO");
-    formatter->label("UINT", "ČÍSLO");
-    formatter->label("FLOAT", "ČÍSLO");
+    formatter.label("Usage", "Použití");
+    formatter.label("Positionals", "Argumenty");
+    formatter.label("OPTIONS", "VOLBY");
+    formatter.label("SUBCOMMAND", "PŘÍKAZ");
+    formatter.label("SUBCOMMANDS", "PŘÍKAZY");
+    formatter.label("REQUIRED", "POVINNÉ");
+    formatter.label("Needs", "Jen s");
+    formatter.label("Excludes", "Ne spolu s");
+    formatter.label("TEXT", "TEXT");
+    formatter.label("INT", "ČÍSLO");
+    formatter.label("UINT", "ČÍSLO");
+    formatter.label("FLOAT", "ČÍSLO");
 }
 
 /// The library complains in English; what it complains about is in the kind of its error.
@@ -101,8 +114,10 @@ std::unique_ptr<CLI::App> makeApp(CommandContext& context)
         = std::make_unique<CLI::App>(context.text("Kontrola a hromadné úpravy soupisů zdrojů znečišťování ovzduší.",
                                          "Checks and batch changes of inventories of air-pollution sources."),
             "korvexzdr-cli");
+    const auto formatter = std::make_shared<CharacterColumns>();
     if (context.language == Language::Czech)
-        speakCzech(*app);
+        speakCzech(*formatter);
+    app->formatter(formatter);
     app->option_defaults()->group(context.text("Volby", "Options"));
     app->group(context.text("Příkazy", "Commands"));
     app->set_help_flag("-h,--help", context.text("Vypíše nápovědu a skončí.", "Prints help and exits."));
@@ -112,7 +127,7 @@ std::unique_ptr<CLI::App> makeApp(CommandContext& context)
     app->add_option_function<std::string>(
            "--lang", [](const std::string& /*language*/) {},
            context.text("Jazyk: cs (výchozí) nebo en.", "Language: cs (default) or en."))
-        ->check(CLI::IsMember({"cs", "en"}))
+        ->check(CLI::IsMember({"cs", "en"}).description(""))
         ->type_name("cs|en");
     app->add_flag("--json", context.json,
         context.text("Výstup ve formátu JSON pro další programy.", "Output as JSON, for other programs."));
@@ -127,8 +142,8 @@ std::unique_ptr<CLI::App> makeApp(CommandContext& context)
 
 int runApp(CLI::App& app, CommandContext& context, std::span<const char* const> arguments)
 {
-    // The library adds this one option to a command before our defaults reach it.
-    for (CLI::App* const command : app.get_subcommands([](const CLI::App* /*command*/) { return true; }))
+    // Made with each command, but of the library's own group.
+    for (CLI::App* const command : app.get_subcommands({}))
         command->get_help_ptr()->group(context.text("Volby", "Options"));
     int exitCode = static_cast<int>(Outcome::CouldNotRun);
     try {

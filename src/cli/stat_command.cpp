@@ -117,18 +117,19 @@ void addStatCommand(CLI::App& app, CommandContext& context)
     CLI::App* const command = app.add_subcommand("stat",
         context.text("Počty podle typu, skupiny a shluku, rozsahy hodnot a součty emisí.",
             "Counts by type, group and cluster, ranges of values and sums of emissions."));
-    const std::string file = context.text("SOUBOR", "FILE");
-    command->add_option("points", files->points, context.text("Soubor s body.", "Points file."))
+    command->add_option(context.text("BODY", "POINTS"), files->points, context.text("Soubor s body.", "Points file."))
         ->required()
-        ->type_name(file);
-    command->add_option("description", files->description, context.text("Soubor s popisem.", "Description file."))
-        ->required()
-        ->type_name(file);
+        ->type_name("");
     command
-        ->add_option("dust", files->dust,
+        ->add_option(context.text("POPIS", "DESCRIPTION"), files->description,
+            context.text("Soubor s popisem.", "Description file."))
+        ->required()
+        ->type_name("");
+    command
+        ->add_option(context.text("PRACH", "DUST"), files->dust,
             context.text("Soubor s prachem; načte se, ale nic se v něm nepočítá.",
                 "Dust file; it is loaded, but nothing in it is counted."))
-        ->type_name(file);
+        ->type_name("");
     command->footer(context.text(
         "Příklad:\n  korvexzdr-cli stat body.txt popis.txt", "Example:\n  korvexzdr-cli stat body.txt popis.txt"));
     command->callback([files, &context] { stat(context, *files); });

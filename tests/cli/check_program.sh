@@ -43,6 +43,8 @@ run 1 check "${planted[@]}" --json
 says out '"rule": "diameter-height"'
 says out '"line": 3'
 run 0 check "${planted[@]}" --skip range-d,diameter-height
+run 1 check --skip range-d "${planted[@]}"
+says out "nálezů: 1"
 run 1 check "${planted[@]}" --only range-d
 says out "nálezů: 2"
 run 0 check --explain range-d --lang en
