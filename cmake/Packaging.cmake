@@ -90,6 +90,9 @@ function(korvex_read_changelog debian_var releases_var)
 endfunction()
 
 korvex_install_program(korvexzdr)
+korvex_install_program(korvexzdr-cli)
+install(FILES ${KORVEX_PACKAGING}/completion/korvexzdr-cli
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 
 # The desktop's part.
 korvex_read_changelog(KORVEX_DEBIAN_CHANGELOG KORVEX_RELEASES)

@@ -56,15 +56,6 @@ fs::path makeFolder(const fs::path& parent)
     return {};
 }
 
-/// Only what this class made itself is ever dropped.
-bool isFolderOfSave(const fs::path& folder)
-{
-    const std::string name = folder.filename().string();
-    constexpr std::string_view form = "0000-00-00_00-00-00_00";
-    const auto fits = [](char expected, char c) { return expected == '0' ? c >= '0' && c <= '9' : c == expected; };
-    return std::equal(form.begin(), form.end(), name.begin(), name.end(), fits);
-}
-
 const char* const listName = "odkud.txt";
 /// A file in a folder of copies that must not be dropped. Its text is for the user who finds it.
 const char* const keepName = "nedokonceno.txt";
@@ -83,7 +74,7 @@ std::vector<fs::path> foldersOfSaves(const fs::path& parent)
     std::error_code error;
     std::vector<fs::path> folders;
     for (fs::directory_iterator entry(parent, error), end; !error && entry != end; entry.increment(error)) {
-        if (isFolderOfSave(entry->path()))
+        if (SafetyCopies::isNameOfSave(entry->path().filename().string()))
             folders.push_back(entry->path());
     }
     std::sort(folders.begin(), folders.end());
@@ -145,6 +136,13 @@ void dropOldest(const fs::path& parent, const fs::path& justMade)
 }
 
 }  // namespace
+
+bool SafetyCopies::isNameOfSave(std::string_view name)
+{
+    constexpr std::string_view form = "0000-00-00_00-00-00_00";
+    const auto fits = [](char expected, char c) { return expected == '0' ? c >= '0' && c <= '9' : c == expected; };
+    return std::equal(form.begin(), form.end(), name.begin(), name.end(), fits);
+}
 
 std::string SafetyCopies::copy(const std::vector<std::string>& paths) const
 {

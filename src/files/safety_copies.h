@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -26,6 +27,9 @@ public:
 
     /// After a save of these files that went through: what was kept for them is dropped with the others in time.
     void release(const std::vector<std::string>& paths) const;
+
+    /// Whether a folder has a name that this class gives. Only such a folder is ever dropped.
+    [[nodiscard]] static bool isNameOfSave(std::string_view name);
 
 private:
     std::string m_folder;

@@ -172,7 +172,7 @@ void cZdroje::appendLineDust(std::string& out) const
     out += m_texts.dust();
 }
 
-void cZdroje::Edit(SourceEditor& editor)
+SourceValues cZdroje::values() const
 {
     SourceValues values;
     values.number = m_number;
@@ -185,12 +185,11 @@ void cZdroje::Edit(SourceEditor& editor)
     values.cluster = m_cluster;
     values.parameters = m_parameters;
     values.dust = m_texts.dust();
+    return values;
+}
 
-    m_editOk = false;
-    m_editOk = editor.edit(type(), values);
-    if (!m_editOk)
-        return;
-
+void cZdroje::values(const SourceValues& values)
+{
     m_texts.name(values.name);
     m_x = values.x;
     m_y = values.y;
@@ -201,6 +200,15 @@ void cZdroje::Edit(SourceEditor& editor)
     for (std::size_t i = 0; i < count; ++i)
         m_parameters[i] = values.parameters[i];
     m_texts.dust(values.dust);
+}
+
+void cZdroje::Edit(SourceEditor& editor)
+{
+    SourceValues edited = values();
+    m_editOk = false;
+    m_editOk = editor.edit(type(), edited);
+    if (m_editOk)
+        values(edited);
 }
 
 std::size_t cZdroje::parameterIndex(std::int32_t index) const

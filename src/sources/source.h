@@ -16,6 +16,7 @@ namespace korvex {
 
 class SingleTexts;
 class SourceEditor;
+struct SourceValues;
 
 /// A stack, an area or a road segment, told apart by its SourceType. Getters and setters are overloaded pairs.
 ///
@@ -62,6 +63,11 @@ public:
     void appendLineDust(std::string& out) const;
     /// Takes a dust description, that is the record behind its number, as it stands.
     void LineDust(std::string_view description) { m_texts.dust(description); }
+
+    /// Copies of all values.
+    [[nodiscard]] SourceValues values() const;
+    /// Takes over all but the number and the stack number.
+    void values(const SourceValues& values);
 
     /// Has the editor show copies of the values and takes them over only when it was confirmed.
     void Edit(SourceEditor& editor);

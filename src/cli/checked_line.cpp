@@ -1,0 +1,249 @@
+#include "checked_line.h"
+
+#include "arithmetic_fault.h"
+#include "blanks.h"
+#include "code_page.h"
+#include "fields.h"
+#include "message.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+namespace korvex {
+
+namespace {
+
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+bool isContinuation(char c)
+{
+    return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
+}
+
+/// Length of the UTF-8 character at the front of bytes that begin beyond ASCII; 0: there is none.
+std::size_t characterLength(std::string_view bytes)
+{
+    const auto first = static_cast<unsigned char>(bytes.front());
+    const std::size_t length = first >= 0xC2 && first < 0xE0 ? 2 : first >= 0xE0 && first < 0xF0 ? 3 : 4;
+    if (first < 0xC2 || first > 0xF4 || bytes.size() < length)
+        return 0;
+    const std::string_view rest = bytes.substr(1, length - 1);
+    return std::all_of(rest.begin(), rest.end(), isContinuation) ? length : 0;
+}
+
+/// Goes over a number as the lenient reader does, blanks skipped anywhere.
+class NumberScan {
+public:
+    explicit NumberScan(std::string_view text) : m_text(text) { }
+
+    std::size_t end()
+    {
+        takeOne("+-");
+        bool hasDigits = takeDigits();
+        if (takeOne("."))
+            hasDigits = takeDigits() || hasDigits;
+        if (!hasDigits)
+            return 0;
+        const std::size_t mantissaEnd = m_end;
+        if (takeOne("eE")) {
+            takeOne("+-");
+            if (!takeDigits())
+                m_end = mantissaEnd;
+        }
+        return m_end;
+    }
+
+private:
+    bool takeOne(std::string_view characters)
+    {
+        std::size_t at = m_end;
+        while (at < m_text.size() && isBlank(m_text[at]))
+            ++at;
+        if (at == m_text.size() || characters.find(m_text[at]) == std::string_view::npos)
+            return false;
+        m_end = at + 1;
+        return true;
+    }
+    bool takeDigits()
+    {
+        bool any = false;
+        while (takeOne("0123456789"))
+            any = true;
+        return any;
+    }
+
+    std::string_view m_text;
+    std::size_t m_end = 0;
+};
+
+/// The reader of a field's type; none: the number does not fit.
+std::optional<std::string> savedText(std::string_view field, const FieldKind& kind)
+{
+    try {
+        return kind.pattern ? integerText(readInteger(field), *kind.pattern) : singleText(readSingle(field));
+    } catch (const ArithmeticFault&) {
+        return std::nullopt;
+    }
+}
+
+std::string nameOf(const Findings& findings, const FieldKind& kind)
+{
+    return findings.text(kind.czech, kind.english);
+}
+
+}  // namespace
+
+bool looksLikeUtf8(std::string_view bytes)
+{
+    bool any = false;
+    for (;;) {
+        bytes.remove_prefix(asciiLength(bytes));
+        if (bytes.empty())
+            return any;
+        const std::size_t length = characterLength(bytes);
+        if (length == 0)
+            return false;
+        any = true;
+        bytes.remove_prefix(length);
+    }
+}
+
+Place CheckedLine::placeOf(const char* at) const
+{
+    const auto before = bytes.substr(0, static_cast<std::size_t>(at - bytes.data()));
+    const auto hidden = isUtf8 ? std::count_if(before.begin(), before.end(), isContinuation) : 0;
+    return {file, number, 1 + before.size() - static_cast<std::size_t>(hidden)};
+}
+
+std::string CheckedLine::decoded(std::string_view piece) const
+{
+    return isUtf8 ? std::string(piece) : decodeCodePage(piece);
+}
+
+NumberExtent NumberExtent::of(std::string_view field)
+{
+    const std::size_t end = NumberScan(field).end();
+    return {trimBlanks(field.substr(0, end)), trimBlanks(field.substr(end))};
+}
+
+NumberState checkNumber(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
+    std::string_view field, const FieldKind& kind)
+{
+    const NumberExtent extent = NumberExtent::of(field);
+    const std::string_view shown = trimBlanks(field);
+    const std::optional<std::string> saved = savedText(field, kind);
+    const auto values = [&] {
+        const std::string quoted = quotedText(findings.language(), line.decoded(shown));
+        return std::vector{nameOf(findings, kind), quoted, saved.value_or("")};
+    };
+    const char* const begin = shown.empty() ? field.data() : shown.data();
+    if (!saved) {
+        findings.add(Rule::NumberRange, line.placeOf(begin), source, values);
+        return NumberState::OutOfRange;
+    }
+    if (field.find(',') != std::string_view::npos)
+        return NumberState::Odd;
+    if (extent.number.empty() || !extent.surplus.empty()) {
+        const char* const fault = extent.number.empty() ? begin : extent.surplus.data();
+        findings.add(Rule::NumberText, line.placeOf(fault), source, [&] {
+            const std::string quoted = quotedText(findings.language(), line.decoded(shown));
+            return std::vector{nameOf(findings, kind), quoted, kind.pattern ? integerText(readInteger(field)) : *saved};
+        });
+        return NumberState::Odd;
+    }
+    if (kind.saved == FieldKind::Saved::Anew && shown != *saved) {
+        const bool isSame = readReal(shown) == readReal(*saved);
+        findings.add(isSame ? Rule::Rewritten : Rule::DigitsLost, line.placeOf(begin), source, values);
+    }
+    return NumberState::Sound;
+}
+
+std::vector<std::string_view> splitFields(std::string_view text)
+{
+    std::vector<std::string_view> fields;
+    const auto count = static_cast<std::size_t>(std::count(text.begin(), text.end(), ',')) + 1;
+    fields.reserve(count);
+    Fields rest(text, ',');
+    for (std::size_t i = 0; i < count; ++i)
+        fields.push_back(rest.next());
+    return fields;
+}
+
+void joinDecimalCommas(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
+    std::vector<std::string_view>& fields, std::size_t expected)
+{
+    const auto beginsWithBlank = [](std::string_view field) { return !field.empty() && isBlank(field.front()); };
+    if (std::none_of(fields.begin(), fields.end(), beginsWithBlank))
+        return;
+    for (std::size_t i = 1; i < fields.size() && fields.size() > expected;) {
+        const std::string_view before = fields[i - 1];
+        const std::string_view after = fields[i];
+        if (before.empty() || !isDigit(before.back()) || after.empty() || !isDigit(after.front())) {
+            ++i;
+            continue;
+        }
+        const std::string_view joined(
+            before.data(), static_cast<std::size_t>(after.data() - before.data()) + after.size());
+        findings.add(Rule::DecimalComma, line.placeOf(after.data() - 1), source,
+            [&] { return std::vector{quotedText(findings.language(), line.decoded(trimBlanks(joined)))}; });
+        fields[i - 1] = joined;
+        fields.erase(fields.begin() + static_cast<std::ptrdiff_t>(i));
+    }
+}
+
+void reportFieldCount(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
+    std::size_t count, std::size_t expected)
+{
+    findings.add(Rule::FieldCount, line.place(), source, [&] {
+        return std::vector{integerText(static_cast<std::int32_t>(count)),
+            integerText(static_cast<std::int32_t>(expected)),
+            count < expected
+                ? findings.text("chybějící se čtou jako 0, doplňte je", "missing ones are read as 0, fill them in")
+                : findings.text("nadbytečná se přeskočí; nejde o desetinnou čárku?",
+                    "surplus ones are skipped; is there a decimal comma?")};
+    });
+}
+
+void checkCodePage(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source)
+{
+    if (line.isUtf8)
+        return;
+    constexpr std::string_view undefined = "\x81\x83\x88\x90\x98";
+    for (std::size_t at = line.bytes.find_first_of(undefined); at != std::string_view::npos;
+         at = line.bytes.find_first_of(undefined, at + 1)) {
+        findings.add(Rule::CodePage, line.placeOf(line.bytes.data() + at), source, [&] {
+            const auto byte = static_cast<unsigned char>(line.bytes[at]);
+            constexpr std::string_view digits = "0123456789ABCDEF";
+            return std::vector{std::string{digits[byte >> 4U], digits[byte & 15U]}};
+        });
+    }
+}
+
+std::optional<std::int32_t> integerOf(std::string_view field)
+{
+    try {
+        const double value = readReal(field);
+        const bool isWhole = std::nearbyint(value) == value
+            && std::abs(value) <= static_cast<double>(std::numeric_limits<std::int32_t>::max());
+        return isWhole ? std::optional(static_cast<std::int32_t>(value)) : std::nullopt;
+    } catch (const ArithmeticFault&) {
+        return std::nullopt;
+    }
+}
+
+std::optional<std::int32_t> roundedOf(std::string_view field)
+{
+    try {
+        return readInteger(field);
+    } catch (const ArithmeticFault&) {
+        return std::nullopt;
+    }
+}
+
+}  // namespace korvex

@@ -1,0 +1,80 @@
+// A line under check: where its bytes stand on an editor's screen, its fields, and how its numbers are written.
+#pragma once
+
+#include "findings.h"
+#include "number_text.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvex {
+
+/// Whether bytes are well-formed UTF-8 with at least one character beyond ASCII. Text of the code page nearly never is.
+[[nodiscard]] bool looksLikeUtf8(std::string_view bytes);
+
+struct CheckedLine {
+    std::string_view bytes;
+    CheckedFile file = CheckedFile::Points;
+    std::size_t number = 0;  // from 1
+    bool isUtf8 = false;
+
+    /// The place of a byte of the line, or of its beginning.
+    [[nodiscard]] Place placeOf(const char* at) const;
+    [[nodiscard]] Place place() const { return {file, number, 1}; }
+    /// UTF-8 of a piece of the line.
+    [[nodiscard]] std::string decoded(std::string_view piece) const;
+};
+
+/// Where a number stands in a field, as the lenient reader finds it.
+struct NumberExtent {
+    std::string_view number;   // empty: the field begins with no number
+    std::string_view surplus;  // what is not read, without blanks at its ends
+
+    [[nodiscard]] static NumberExtent of(std::string_view field);
+};
+
+/// What a field is called and how it is written.
+struct FieldKind {
+    const char* czech = "";
+    const char* english = "";
+    std::optional<Pattern> pattern;  // of a whole number; none: a real
+    /// Whether the program writes the field anew, or keeps it as it was.
+    enum class Saved { Anew, AsRead } saved = Saved::Anew;
+};
+
+/// What a field turned out to hold.
+enum class NumberState {
+    Sound,
+    Odd,  // is read, but not as what it looks like
+    OutOfRange,
+};
+
+/// Checks one number of a record; one with a decimal comma has been reported.
+NumberState checkNumber(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
+    std::string_view field, const FieldKind& kind);
+
+/// The fields of a text between commas.
+[[nodiscard]] std::vector<std::string_view> splitFields(std::string_view text);
+
+/// Joins fields that a decimal comma has torn apart, as long as there are more than expected: two runs of digits
+/// without a blank between them, where the record has a blank behind its other commas. Reports each.
+void joinDecimalCommas(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
+    std::vector<std::string_view>& fields, std::size_t expected);
+
+/// Reports a record with another number of fields than expected.
+void reportFieldCount(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
+    std::size_t count, std::size_t expected);
+
+/// Reports bytes that the code page lacks, in a line that is no UTF-8.
+void checkCodePage(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source);
+
+/// The number that a field holds, if it holds a whole one that fits.
+[[nodiscard]] std::optional<std::int32_t> integerOf(std::string_view field);
+/// The same rounded, as the number of a points record is.
+[[nodiscard]] std::optional<std::int32_t> roundedOf(std::string_view field);
+
+}  // namespace korvex

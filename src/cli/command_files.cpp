@@ -1,0 +1,280 @@
+#include "command_files.h"
+
+#include "code_page.h"
+#include "command_context.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace korvex {
+
+namespace {
+
+/// More lines of one kind help nobody; the number of all stands behind them.
+constexpr std::size_t mostLines = 20;
+
+std::string textOf(const CommandContext& context, const FindingPlace& place)
+{
+    const std::string source = context.text("zdroj ", "source ") + place.number;
+    const std::string record = context.text("záznam ", "record ") + place.number;
+    switch (place.finding) {
+    case LoadFinding::UnknownType:
+        return source + context.text(" je neznámého typu a nečte se", " is of an unknown type and is not read");
+    case LoadFinding::MissingDescription:
+        return source + context.text(" nemá popis, jeho parametry jsou 0", " has no description, its parameters are 0");
+    case LoadFinding::MissingDust:
+        return source
+            + context.text(" nemá záznam o prachu, platí pro něj 0,0,0", " has no dust record, 0,0,0 holds for it");
+    case LoadFinding::DescriptionNotTaken:
+    case LoadFinding::DustNotTaken:
+        break;
+    }
+    return record
+        + context.text(" nepatří žádnému zdroji, nebo je druhý svého čísla",
+            " belongs to no source, or is the second of its number");
+}
+
+bool isLoss(const FindingPlace& place)
+{
+    return place.finding != LoadFinding::MissingDescription && place.finding != LoadFinding::MissingDust;
+}
+
+std::string textOf(const CommandContext& context, Distortion::Kind kind)
+{
+    switch (kind) {
+    case Distortion::Kind::SharedDescription:
+        return context.text("má stejné číslo jako dřívější zdroj a jiný popis: při čtení by dostal jeho parametry",
+            "has the number of an earlier source and another description: it would be read with its parameters");
+    case Distortion::Kind::SharedDust:
+        return context.text("má stejné číslo jako dřívější zdroj a jiný prach: při čtení by dostal jeho prach",
+            "has the number of an earlier source and other dust: it would be read with its dust");
+    case Distortion::Kind::ShiftedDust:
+        return context.text("má číslo, které se nevejde na 9 míst: prach by při čtení začínal čárkou",
+            "has a number wider than 9 places: its dust would be read with a comma in front");
+    case Distortion::Kind::LineEnd:
+        return context.text("má v názvu nebo prachu konec řádku", "has a line end in its name or dust");
+    case Distortion::Kind::Semicolon:
+        break;
+    }
+    return context.text(
+        "má v názvu středník, název by tam skončil", "has a semicolon in its name, which would end there");
+}
+
+void sayMore(CommandContext& context, std::size_t count)
+{
+    if (count > mostLines)
+        context.err << context.text("… a dalších ", "… and more: ") << count - mostLines << '\n';
+}
+
+bool isSameFile(const std::string& a, const std::string& b)
+{
+    std::error_code error;
+    return std::filesystem::equivalent(a, b, error) && !error;
+}
+
+/// An output in the place of an input of another kind is a slip of the hand, even with --force.
+bool crossesKinds(CommandContext& context, const SourceFiles& input, const SourceFiles& output)
+{
+    const std::array<const std::string*, 3> from{&input.points, &input.description, &input.dust};
+    const std::array<const std::string*, 3> to{&output.points, &output.description, &output.dust};
+    for (std::size_t i = 0; i < from.size(); ++i) {
+        for (std::size_t j = 0; j < to.size(); ++j) {
+            if (i == j || from[i]->empty() || to[j]->empty() || !isSameFile(*from[i], *to[j]))
+                continue;
+            context.fail(context.text("Výstup by přepsal vstup jiného druhu: ",
+                             "The output would replace an input of another kind: ")
+                + *to[j]);
+            return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace
+
+void addInventoryArguments(CLI::App& command, const CommandContext& context, InventoryArguments& arguments)
+{
+    command
+        .add_option(context.text("BODY", "POINTS"), arguments.points, context.text("Soubor s body.", "Points file."))
+        ->required()
+        ->type_name("");
+    command
+        .add_option(context.text("POPIS", "DESCRIPTION"), arguments.description,
+            context.text("Soubor s popisem.", "Description file."))
+        ->required()
+        ->type_name("");
+    command
+        .add_option(context.text("PRACH", "DUST"), arguments.dust,
+            context.text("Soubor s prachem, pokud k soupisu patří.", "Dust file, when the inventory has one."))
+        ->type_name("");
+}
+
+void addForceOption(CLI::App& command, const CommandContext& context, bool& force)
+{
+    command.add_flag("--force", force,
+        context.text("Smí přepsat soubory, které už jsou; jejich kopie vypíše příkaz restore.",
+            "May replace files that are there; the command restore lists their copies."));
+}
+
+void addLossOption(CLI::App& command, const CommandContext& context, bool& acceptLosses)
+{
+    command.add_flag("--accept-losses", acceptLosses,
+        context.text("Zapíše i tehdy, když se tím některé záznamy ztratí; které, to vypíše.",
+            "Writes even when records are lost by it; says which."));
+}
+
+void addDustOption(CLI::App& command, const CommandContext& context, bool& withoutDust)
+{
+    command.add_flag("--without-dust", withoutDust,
+        context.text(
+            "Zapíše jen body a popis, prach vynechá.", "Writes points and description only, leaves dust out."));
+}
+
+void addOutputOptions(CLI::App& command, const CommandContext& context, OutputArguments& arguments)
+{
+    command
+        .add_option("-o,--output", arguments.paths,
+            context.text("Kam zapsat: soubor s body, s popisem a s prachem; tato volba ať stojí jako poslední.",
+                "Where to write: points, description and dust file; this option should come last."))
+        ->expected(2, 3)
+        ->option_text(context.text("BODY POPIS [PRACH]", "POINTS DESCRIPTION [DUST]"));
+    addForceOption(command, context, arguments.force);
+    addLossOption(command, context, arguments.acceptLosses);
+    addDustOption(command, context, arguments.withoutDust);
+}
+
+SourceFiles filesOf(const std::vector<std::string>& paths)
+{
+    return {paths[0], paths[1], paths.size() > 2 ? paths[2] : ""};
+}
+
+std::optional<std::vector<SourceFiles>> filesOfGroups(const std::vector<std::string>& paths)
+{
+    constexpr std::string_view divider = "+";
+    std::vector<std::vector<std::string>> groups(1);
+    for (const std::string& path : paths) {
+        if (path == divider)
+            groups.emplace_back();
+        else
+            groups.back().push_back(path);
+    }
+    const bool isTwoAlike = groups.size() == 1 && (paths.size() == 4 || paths.size() == 6);
+    if (isTwoAlike) {
+        const auto middle = paths.begin() + static_cast<std::ptrdiff_t>(paths.size() / 2);
+        groups = {{paths.begin(), middle}, {middle, paths.end()}};
+    }
+    std::vector<SourceFiles> files;
+    for (const std::vector<std::string>& group : groups) {
+        if (group.size() < 2 || group.size() > 3)
+            return std::nullopt;
+        files.push_back(filesOf(group));
+    }
+    return files;
+}
+
+std::optional<Inventory> load(CommandContext& context, const SourceFiles& files)
+{
+    Result<Inventory> loaded = loadInventory(files);
+    if (!loaded.ok()) {
+        context.fail(loaded.error());
+        return std::nullopt;
+    }
+    const std::vector<FindingPlace>& findings = loaded.value().findings;
+    for (std::size_t i = 0; i < std::min(findings.size(), mostLines); ++i) {
+        const FindingPlace& place = findings[i];
+        context.err << place.path << ':' << place.line << ": " << textOf(context, place) << '\n';
+    }
+    sayMore(context, findings.size());
+    if (!findings.empty())
+        context.outcome = Outcome::Findings;
+    return std::move(loaded.value());
+}
+
+bool mayDropRecords(CommandContext& context, const Inventory& inventory, bool acceptLosses)
+{
+    const bool loses = std::any_of(inventory.findings.begin(), inventory.findings.end(), isLoss);
+    if (!loses || acceptLosses)
+        return true;
+    context.fail(context.text("Uvedené záznamy by se ztratily, nic se nezapsalo. Se --accept-losses se zapíše i tak.",
+        "The records named would be lost, nothing was written. With --accept-losses it is written all the same."));
+    return false;
+}
+
+bool mayOverwrite(CommandContext& context, const std::vector<std::string>& paths, bool force)
+{
+    if (force)
+        return true;
+    const std::vector<std::string> existing = existingPaths(paths);
+    for (const std::string& path : existing)
+        context.err << path << ": " << context.text("už existuje", "exists already") << '\n';
+    if (!existing.empty())
+        context.fail(context.text("Nic se nezapsalo; existující soubory se přepíšou jen s --force.",
+            "Nothing was written; files that exist are replaced with --force only."));
+    return existing.empty();
+}
+
+bool mayWrite(CommandContext& context, const std::vector<const Inventory*>& inputs, const SourceFiles& output,
+    const OutputArguments& arguments)
+{
+    bool hasDust = false;
+    for (const Inventory* const input : inputs) {
+        hasDust = hasDust || input->hasDust();
+        if (!mayDropRecords(context, *input, arguments.acceptLosses) || crossesKinds(context, input->files, output))
+            return false;
+    }
+    const bool writesDust = hasDust && !arguments.withoutDust;
+    if (writesDust && output.dust.empty()) {
+        context.fail(context.text("Soupis má prach: uveďte i výstupní soubor s prachem, nebo --without-dust.",
+            "The inventory has dust: name a dust file to write as well, or --without-dust."));
+        return false;
+    }
+    if (!writesDust && !output.dust.empty()) {
+        context.fail(context.text("Třetí výstupní soubor je navíc: soupis se zapisuje bez prachu.",
+            "The third output file is one too many: the inventory is written without dust."));
+        return false;
+    }
+    return mayOverwrite(context, pathsOf(output), arguments.force);
+}
+
+bool write(CommandContext& context, const SourceFiles& files, const std::string& comment, SourceSet& set,
+    const OutputArguments& arguments)
+{
+    std::string encoded;
+    if (appendCodePage(encoded, comment) > 0 || comment.find('\n') != std::string::npos) {
+        context.fail(context.text("Poznámku soupisu nelze zapsat: obsahuje znak, který v souborech být nemůže.",
+            "The comment of the inventory cannot be written: it holds a character that the files cannot."));
+        return false;
+    }
+    const std::vector<Distortion> distortions = distortionsBySaving(set, !files.dust.empty());
+    for (std::size_t i = 0; i < std::min(distortions.size(), mostLines); ++i) {
+        context.err << context.text("zdroj ", "source ") << set.at(distortions[i].position).ICZ() << ' '
+                    << textOf(context, distortions[i].kind) << '\n';
+    }
+    sayMore(context, distortions.size());
+    if (!distortions.empty()) {
+        if (!arguments.acceptLosses) {
+            context.fail(context.text("Uvedené zdroje by se nenačetly, jak jsou; nic se nezapsalo (--accept-losses).",
+                "The sources named would not be read as they are; nothing was written (--accept-losses)."));
+            return false;
+        }
+        context.outcome = Outcome::Findings;
+    }
+    const Result<SaveReport> written = writeInventory(files, comment, set);
+    if (!written.ok())
+        context.fail(written.error());
+    return written.ok();
+}
+
+void sayWritten(CommandContext& context, std::size_t count, const std::vector<std::string>& paths)
+{
+    context.out << context.text("Zapsané zdroje: ", "Sources written: ") << count << '\n';
+    for (const std::string& path : paths)
+        context.out << "  " << path << '\n';
+}
+
+}  // namespace korvex

@@ -1,0 +1,69 @@
+// The files that a command is given, what it says about them, and whether it may write.
+#pragma once
+
+#include "inventory.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace korvex {
+
+struct CommandContext;
+
+/// The three files of one inventory as positional arguments, the dust file optional.
+struct InventoryArguments {
+    std::string points;
+    std::string description;
+    std::string dust;
+
+    [[nodiscard]] SourceFiles files() const { return {points, description, dust}; }
+};
+void addInventoryArguments(CLI::App& command, const CommandContext& context, InventoryArguments& arguments);
+
+/// Where a command writes an inventory, and what it may do there.
+struct OutputArguments {
+    std::vector<std::string> paths;  // two or three; empty: none were given
+    bool force = false;
+    bool acceptLosses = false;
+    bool withoutDust = false;
+};
+void addForceOption(CLI::App& command, const CommandContext& context, bool& force);
+void addLossOption(CLI::App& command, const CommandContext& context, bool& acceptLosses);
+void addDustOption(CLI::App& command, const CommandContext& context, bool& withoutDust);
+/// --output and the three above.
+void addOutputOptions(CLI::App& command, const CommandContext& context, OutputArguments& arguments);
+
+/// Two or three paths.
+[[nodiscard]] SourceFiles filesOf(const std::vector<std::string>& paths);
+/// The files of several inventories: "+" stands between them; two of the same kind need none. None when that cannot be
+/// told apart.
+[[nodiscard]] std::optional<std::vector<SourceFiles>> filesOfGroups(const std::vector<std::string>& paths);
+
+/// Loads an inventory and says what its files lack, or hold in vain. None when it cannot be loaded.
+[[nodiscard]] std::optional<Inventory> load(CommandContext& context, const SourceFiles& files);
+
+/// Whether a command that writes may go on though records of an inventory would be gone. Says why not.
+[[nodiscard]] bool mayDropRecords(CommandContext& context, const Inventory& inventory, bool acceptLosses);
+/// Whether these files may be written. Says why not.
+[[nodiscard]] bool mayOverwrite(CommandContext& context, const std::vector<std::string>& paths, bool force);
+/// Whether an inventory made of these may be written to these files: as many as there are to write, each over none of
+/// another kind. Says why not.
+[[nodiscard]] bool mayWrite(CommandContext& context, const std::vector<const Inventory*>& inputs,
+    const SourceFiles& output, const OutputArguments& arguments);
+
+/// Writes an inventory that may be written. False after an error, or when the next load would not read what was
+/// written.
+[[nodiscard]] bool write(CommandContext& context, const SourceFiles& files, const std::string& comment, SourceSet& set,
+    const OutputArguments& arguments);
+
+/// "Zapsané zdroje: 16" and the paths.
+void sayWritten(CommandContext& context, std::size_t count, const std::vector<std::string>& paths);
+
+}  // namespace korvex

@@ -1,0 +1,18 @@
+// Messages with places for values: the two languages put the values in different orders.
+#pragma once
+
+#include "language.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvex {
+
+/// The pattern with {0}, {1} … replaced by the values; a place without a value stays as it is.
+[[nodiscard]] std::string filled(std::string_view pattern, const std::vector<std::string>& values);
+
+/// The beginning of a text from a file (UTF-8) between quotation marks; what cannot be printed is "?".
+[[nodiscard]] std::string quotedText(Language language, std::string_view utf8);
+
+}  // namespace korvex

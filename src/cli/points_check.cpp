@@ -1,0 +1,188 @@
+#include "points_check.h"
+
+#include "blanks.h"
+#include "check_limits.h"
+#include "fields.h"
+#include "message.h"
+#include "plain_records.h"
+#include "source_type.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <optional>
+#include <string>
+
+namespace korvex {
+
+namespace {
+
+constexpr std::size_t fieldCount = 7;
+constexpr std::size_t xField = 1;
+constexpr std::size_t yField = 2;
+constexpr std::size_t typeField = 4;
+
+constexpr std::array<FieldKind, fieldCount> fieldKinds{{
+    {"číslo zdroje", "source number", Pattern::SourceNumber},
+    {"X", "X", Pattern::Coordinate},
+    {"Y", "Y", Pattern::Coordinate},
+    {"nadmořská výška", "altitude", Pattern::Altitude},
+    {"typ", "type", Pattern::Plain},
+    {"skupina", "group", Pattern::Plain},
+    {"shluk", "cluster", Pattern::Plain},
+}};
+
+/// Whether the program would write the numbers of a record just as they stand. Nearly all records are so, and then
+/// there is nothing to say of their form.
+bool isAsSaved(std::string_view record, const PlainPoints& plain)
+{
+    std::array<char, fieldCount*(widestNumber + 2)> buffer{};
+    char* end = buffer.data();
+    const std::array values{plain.number, plain.x, plain.y, plain.altitude, plain.typeId, plain.group, plain.cluster};
+    for (std::size_t i = 0; i < fieldCount; ++i) {
+        end = putInteger(end, values[i], *fieldKinds[i].pattern);
+        *end++ = i + 1 < fieldCount ? ',' : ' ';
+        *end++ = i + 1 < fieldCount ? ' ' : ';';
+    }
+    const std::string_view saved(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
+    return record.substr(0, saved.size()) == saved && record.find(';', saved.size()) == std::string_view::npos
+        && plain.number >= 0 && plain.number <= 999999999;
+}
+
+/// Where X and Y begin on their line.
+struct PlaceColumns {
+    std::size_t x = 1;
+    std::size_t y = 1;
+};
+
+void remember(const CheckedLine& line, const PlainPoints& plain, const PlaceColumns& columns, CheckedPoints& points)
+{
+    constexpr std::size_t widest = std::numeric_limits<std::uint16_t>::max();
+    CheckedPoint point;
+    point.number = plain.number;
+    point.line = static_cast<std::uint32_t>(line.number);
+    point.x = plain.x;
+    point.y = plain.y;
+    point.columnOfX = static_cast<std::uint16_t>(std::min(columns.x, widest));
+    point.columnOfY = static_cast<std::uint16_t>(std::min(columns.y, widest));
+    point.typeId = static_cast<std::int8_t>(sourceTypeOf(plain.typeId) == nullptr ? 0 : plain.typeId);
+    points.add(point);
+}
+
+void checkName(Findings& findings, const CheckedLine& line, std::int32_t number)
+{
+    const std::size_t begin = line.bytes.find(';');
+    const std::size_t second = begin == std::string_view::npos ? begin : line.bytes.find(';', begin + 1);
+    if (second == std::string_view::npos)
+        return;
+    findings.add(Rule::NameSemicolon, line.placeOf(line.bytes.data() + second), number,
+        [&] { return std::vector{quotedText(findings.language(), line.decoded(line.bytes.substr(second)))}; });
+}
+
+/// A record that is not just as the program writes it, field by field.
+void checkOddRecord(Findings& findings, const CheckedLine& line, CheckedPoints& points)
+{
+    const std::string_view numbers = field(line.bytes, ';', 1);
+    std::vector<std::string_view> fields = splitFields(numbers);
+    const std::optional<std::int32_t> number = roundedOf(fields.front());
+    joinDecimalCommas(findings, line, number, fields, fieldCount);
+    if (fields.size() != fieldCount)
+        reportFieldCount(findings, line, number, fields.size(), fieldCount);
+    bool isInRange = true;
+    for (std::size_t i = 0; i < std::min(fields.size(), fieldCount); ++i) {
+        const NumberState state = checkNumber(findings, line, number, fields[i], fieldKinds[i]);
+        isInRange = isInRange && state != NumberState::OutOfRange;
+    }
+    if (!number)
+        return;
+    checkName(findings, line, *number);
+    if (*number < 0 || *number > 999999999) {
+        findings.add(Rule::NumberWidth, line.place(), number, [&] {
+            return std::vector{integerText(*number),
+                findings.text("popis prachu se při každém uložení posune, zdroj přečíslujte",
+                    "every save shifts the dust description, renumber the source")};
+        });
+    }
+    const auto valueOf = [&fields](std::size_t i) { return i < fields.size() ? roundedOf(fields[i]).value_or(0) : 0; };
+    const auto columnOf = [&line, &fields](std::size_t i) {
+        return i < fields.size() ? line.placeOf(trimBlanks(fields[i]).data()).column : 1;
+    };
+    PlainPoints values;
+    values.number = *number;
+    values.x = valueOf(xField);
+    values.y = valueOf(yField);
+    // With a number out of range the file is not loaded at all: nothing more is said of this source.
+    values.typeId = isInRange ? valueOf(typeField) : 0;
+    if (isInRange && typeField < fields.size() && sourceTypeOf(values.typeId) == nullptr) {
+        findings.add(Rule::TypeCode, {line.file, line.number, columnOf(typeField)}, number,
+            [&] { return std::vector{integerText(values.typeId)}; });
+    }
+    remember(line, values, {columnOf(xField), columnOf(yField)}, points);
+}
+
+/// The second source of a number: is it a duplicate of one before it, or does it only share the description?
+void checkOneNumber(Findings& findings, const CheckedPoints& points, std::size_t first, std::size_t end)
+{
+    // By stack number, 0 or 1: the line on which a source of that kind stands.
+    std::array<std::uint32_t, 2> lineOfKind{};
+    for (std::size_t rank = first; rank < end; ++rank) {
+        const CheckedPoint& point = points.byNumber()[rank];
+        const SourceType* const type = sourceTypeOf(point.typeId);
+        if (type == nullptr)
+            continue;
+        const auto kind = static_cast<std::size_t>(type->KOMIN);
+        const bool isDuplicate = lineOfKind[kind] != 0;
+        const std::uint32_t other = isDuplicate ? lineOfKind[kind] : lineOfKind[1 - kind];
+        if (other != 0) {
+            findings.add(isDuplicate ? Rule::SameNumber : Rule::SharedNumber, {CheckedFile::Points, point.line, 1},
+                point.number, [&] { return std::vector{integerText(static_cast<std::int32_t>(other))}; });
+        }
+        if (lineOfKind[kind] == 0)
+            lineOfKind[kind] = point.line;
+    }
+}
+
+}  // namespace
+
+void checkPointsRecord(Findings& findings, const CheckedLine& line, CheckedPoints& points)
+{
+    PlainPoints plain;
+    if (!plain.read(line.bytes) || !isAsSaved(line.bytes, plain) || sourceTypeOf(plain.typeId) == nullptr) {
+        checkOddRecord(findings, line, points);
+        return;
+    }
+    // Nine digits, a comma and a blank; seven or more digits, perhaps a sign, a comma and a blank.
+    constexpr std::size_t beginOfX = 11;
+    remember(line, plain, {beginOfX + 1, line.bytes.find(',', beginOfX) + 3}, points);
+}
+
+void checkNumbers(Findings& findings, const CheckedPoints& points)
+{
+    std::size_t end = 0;
+    for (std::size_t first = 0; first < points.count(); first = end) {
+        const std::int32_t number = points.byNumber()[first].number;
+        end = first + 1;
+        while (end < points.count() && points.byNumber()[end].number == number)
+            ++end;
+        if (end - first > 1)
+            checkOneNumber(findings, points, first, end);
+    }
+}
+
+void checkPartners(Findings& findings, const CheckedPoints& points, DustUse dust)
+{
+    const CheckedPoint* first = nullptr;
+    for (const CheckedPoint& point : points.byNumber()) {
+        if (first == nullptr || first->number != point.number)
+            first = &point;
+        if (point.typeId == 0)
+            continue;
+        const Place place{CheckedFile::Points, point.line, 1};
+        if (first->descriptionLine == 0)
+            findings.add(Rule::NoDescription, place, point.number);
+        else if (dust == DustUse::WithFile && first->dustLine == 0)
+            findings.add(Rule::NoDust, place, point.number);
+    }
+}
+
+}  // namespace korvex

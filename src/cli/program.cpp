@@ -1,0 +1,166 @@
+#include "program.h"
+
+#include "arithmetic_fault.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <cstddef>
+#include <exception>
+#include <new>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvex {
+
+namespace {
+
+/// Columns of characters: the library counts bytes, and Czech letters have two.
+class CharacterColumns : public CLI::Formatter {
+public:
+    std::string make_option(const CLI::Option* option, bool isPositional) const override
+    {
+        constexpr std::size_t width = 30;
+        const std::string name = "  " + make_option_name(option, isPositional) + make_option_opts(option);
+        const auto isCharacter = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
+        const auto shown = static_cast<std::size_t>(std::count_if(name.begin(), name.end(), isCharacter));
+        const std::string gap = shown < width ? std::string(width - shown, ' ') : '\n' + std::string(width, ' ');
+        return name + gap + make_option_desc(option) + '\n';
+    }
+};
+
+void speakCzech(CLI::Formatter& formatter)
+{
+    formatter.label("Usage", "Použití");
+    formatter.label("Positionals", "Argumenty");
+    formatter.label("OPTIONS", "VOLBY");
+    formatter.label("SUBCOMMAND", "PŘÍKAZ");
+    formatter.label("SUBCOMMANDS", "PŘÍKAZY");
+    formatter.label("REQUIRED", "POVINNÉ");
+    formatter.label("Needs", "Jen s");
+    formatter.label("Excludes", "Ne spolu s");
+    formatter.label("TEXT", "TEXT");
+    formatter.label("INT", "ČÍSLO");
+    formatter.label("UINT", "ČÍSLO");
+    formatter.label("FLOAT", "ČÍSLO");
+}
+
+/// The library complains in English; what it complains about is in the kind of its error.
+std::string czechComplaint(const CLI::ParseError& error)
+{
+    const std::string name = error.get_name();
+    const std::string what = error.what();
+    if (name == "ExtrasError")
+        return "Nadbytečný nebo neznámý argument:" + what.substr(std::min(what.find(':') + 1, what.size()));
+    if (name == "RequiredError")
+        return what.find("subcommand") != std::string::npos ? "Chybí příkaz." : "Chybí povinný argument: " + what;
+    if (name == "ConversionError" || name == "ValidationError" || name == "InvalidError")
+        return "Nepřípustná hodnota: " + what;
+    if (name == "ArgumentMismatch")
+        return "Nesprávný počet hodnot: " + what;
+    if (name == "RequiresError" || name == "ExcludesError")
+        return "Volby, které k sobě nepatří: " + what;
+    return what;
+}
+
+int complain(const CLI::App& app, CommandContext& context, const CLI::ParseError& error)
+{
+    context.fail(context.language == Language::Czech ? czechComplaint(error) : std::string(error.what()));
+    const auto chosen = app.get_subcommands();
+    const std::string command = chosen.empty() ? "" : " " + chosen.front()->get_name();
+    context.err << context.text("Nápověda: korvexzdr-cli", "Help: korvexzdr-cli") << command << " --help\n";
+    return static_cast<int>(context.outcome);
+}
+
+int parseAndRun(CLI::App& app, CommandContext& context, std::span<const char* const> arguments)
+{
+    // The library takes them from the back.
+    std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
+    try {
+        app.parse(std::move(reversed));
+    } catch (const CLI::CallForHelp&) {
+        context.out << app.help();
+    } catch (const CLI::CallForAllHelp&) {
+        context.out << app.help("", CLI::AppFormatMode::All);
+    } catch (const CLI::CallForVersion& version) {
+        context.out << version.what() << '\n';
+    } catch (const CLI::ParseError& error) {
+        return complain(app, context, error);
+    }
+    return static_cast<int>(context.outcome);
+}
+
+}  // namespace
+
+Language languageOf(std::span<const char* const> arguments)
+{
+    Language language = Language::Czech;
+    std::string_view before;
+    for (const std::string_view argument : arguments) {
+        const bool isValue = before == "--lang";
+        if (argument == "--lang=en" || (isValue && argument == "en"))
+            language = Language::English;
+        if (argument == "--lang=cs" || (isValue && argument == "cs"))
+            language = Language::Czech;
+        before = argument;
+    }
+    return language;
+}
+
+std::unique_ptr<CLI::App> makeApp(CommandContext& context)
+{
+    auto app
+        = std::make_unique<CLI::App>(context.text("Kontrola a hromadné úpravy soupisů zdrojů znečišťování ovzduší.",
+                                         "Checks and batch changes of inventories of air-pollution sources."),
+            "korvexzdr-cli");
+    const auto formatter = std::make_shared<CharacterColumns>();
+    if (context.language == Language::Czech)
+        speakCzech(*formatter);
+    app->formatter(formatter);
+    app->option_defaults()->group(context.text("Volby", "Options"));
+    app->group(context.text("Příkazy", "Commands"));
+    app->set_help_flag("-h,--help", context.text("Vypíše nápovědu a skončí.", "Prints help and exits."));
+    app->set_version_flag("--version", std::string("korvexzdr-cli ") + KORVEX_VERSION,
+        context.text("Vypíše verzi a skončí.", "Prints the version and exits."));
+    // Known already from languageOf; here it is checked and described.
+    app->add_option_function<std::string>(
+           "--lang", [](const std::string& /*language*/) {},
+           context.text("Jazyk: cs (výchozí) nebo en.", "Language: cs (default) or en."))
+        ->check(CLI::IsMember({"cs", "en"}).description(""))
+        ->type_name("cs|en");
+    app->add_flag("--json", context.json,
+        context.text("Výstup ve formátu JSON pro další programy.", "Output as JSON, for other programs."));
+    app->require_subcommand(1);
+    app->fallthrough();  // the shared options may also stand behind the command
+    app->footer(context.text("Konec: 0 v pořádku, 1 nálezy nebo rozdíly, 2 příkaz nešlo provést.\n"
+                             "Příklad: korvexzdr-cli check body.txt popis.txt prach.txt --groups skupiny.spr",
+        "Exit: 0 clean, 1 findings or differences, 2 the command could not run.\n"
+        "Example: korvexzdr-cli check body.txt popis.txt prach.txt --groups skupiny.spr"));
+    return app;
+}
+
+int runApp(CLI::App& app, CommandContext& context, std::span<const char* const> arguments)
+{
+    // Made with each command, but of the library's own group.
+    for (CLI::App* const command : app.get_subcommands({}))
+        command->get_help_ptr()->group(context.text("Volby", "Options"));
+    int exitCode = static_cast<int>(Outcome::CouldNotRun);
+    try {
+        exitCode = parseAndRun(app, context, arguments);
+    } catch (const ArithmeticFault& fault) {
+        context.fail(fault.what());
+    } catch (const std::bad_alloc&) {
+        context.fail(context.text("Nedostatek paměti.", "Out of memory."));
+    } catch (const std::exception& error) {
+        context.fail(error.what());
+    }
+    context.out.flush();
+    if (context.out.failed()) {
+        context.fail(context.text("Výstup nelze zapsat.", "The output cannot be written."));
+        exitCode = static_cast<int>(Outcome::CouldNotRun);
+    }
+    return exitCode;
+}
+
+}  // namespace korvex

@@ -1,0 +1,144 @@
+#include "renumber_command.h"
+
+#include "command_context.h"
+#include "command_files.h"
+#include "json_output.h"
+#include "renumbering.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace korvex {
+
+namespace {
+
+struct RenumberArguments {
+    InventoryArguments input;
+    std::string from;
+    std::string start;
+    std::string step = "1";
+    OutputArguments output;
+};
+
+/// None, and said why, when a number cannot be understood.
+std::optional<std::int32_t> wholeNumber(CommandContext& context, const std::string& text)
+{
+    const auto ranges = readNumberRanges(text);
+    if (!ranges || ranges->size() != 1 || (*ranges)[0].first != (*ranges)[0].last) {
+        context.fail(context.text("Nesrozumitelné číslo: ", "A number that cannot be understood: ") + text);
+        return std::nullopt;
+    }
+    return (*ranges)[0].first;
+}
+
+std::optional<RenumberRequest> requestOf(CommandContext& context, const RenumberArguments& arguments)
+{
+    RenumberRequest request;
+    const auto start = wholeNumber(context, arguments.start);
+    const auto step = wholeNumber(context, arguments.step);
+    if (!start || !step)
+        return std::nullopt;
+    request.start = *start;
+    request.step = *step;
+    if (request.step < 1) {
+        context.fail(context.text("Krok musí být aspoň 1.", "The step has to be at least 1."));
+        return std::nullopt;
+    }
+    if (!arguments.from.empty()) {
+        const auto ranges = readNumberRanges(arguments.from);
+        if (!ranges) {
+            context.fail(
+                context.text("Nesrozumitelná čísla zdrojů: ", "Numbers that cannot be understood: ") + arguments.from);
+            return std::nullopt;
+        }
+        request.from = *ranges;
+    }
+    return request;
+}
+
+bool isPossible(CommandContext& context, const Renumbering& plan)
+{
+    for (const NumberChange& clash : plan.clashes) {
+        context.err << context.text("zdroj ", "source ") << clash.before << ": "
+                    << context.text("číslo ", "the number ") << clash.after
+                    << context.text(" už má jiný zdroj\n", " is another source's already\n");
+    }
+    if (plan.isTooWide)
+        context.fail(context.text("Nová čísla nejsou v rozsahu 0 až 999999999; nic se nezapsalo.",
+            "The new numbers are not within 0 to 999999999; nothing was written."));
+    else if (!plan.clashes.empty())
+        context.fail(
+            context.text("Čísla by se střetla; nic se nezapsalo.", "Numbers would clash; nothing was written."));
+    return plan.isPossible();
+}
+
+void run(CommandContext& context, const RenumberArguments& arguments)
+{
+    const std::optional<RenumberRequest> request = requestOf(context, arguments);
+    if (!request)
+        return;
+    const SourceFiles input = arguments.input.files();
+    if (arguments.output.paths.empty() && !arguments.output.force) {
+        context.fail(context.text("Uveďte --output, nebo --force k přepsání souborů samých.",
+            "Name --output, or --force to replace the files themselves."));
+        return;
+    }
+    const SourceFiles output = arguments.output.paths.empty() ? input : filesOf(arguments.output.paths);
+    std::optional<Inventory> inventory = load(context, input);
+    if (!inventory || !mayWrite(context, {&*inventory}, output, arguments.output))
+        return;
+    const Renumbering plan = planRenumbering(inventory->set, *request);
+    if (!isPossible(context, plan))
+        return;
+    renumber(inventory->set, plan);
+    if (!write(context, output, inventory->comment, inventory->set, arguments.output))
+        return;
+    if (!context.json) {
+        for (const NumberChange& change : plan.changes)
+            context.out << change.before << " -> " << change.after << '\n';
+        sayWritten(context, inventory->set.size(), pathsOf(output));
+        return;
+    }
+    Json json{{"written", inventory->set.size()}, {"files", pathsOf(output)}, {"numbers", Json::array()}};
+    for (const NumberChange& change : plan.changes)
+        json["numbers"].push_back({{"old", change.before}, {"new", change.after}});
+    writeJson(context, json);
+}
+
+}  // namespace
+
+void addRenumberCommand(CLI::App& app, CommandContext& context)
+{
+    const auto arguments = std::make_shared<RenumberArguments>();
+    CLI::App* const command = app.add_subcommand("renumber",
+        context.text("Přečísluje zdroje ve všech souborech soupisu.",
+            "Gives sources new numbers in all files of an inventory."));
+    addInventoryArguments(*command, context, arguments->input);
+    command
+        ->add_option("--from", arguments->from,
+            context.text(
+                "Která čísla se mění: 1-10,15,200-; jinak všechna.", "Which numbers change: 1-10,15,200-; else all."))
+        ->type_name(context.text("ČÍSLA", "NUMBERS"));
+    command
+        ->add_option("--start", arguments->start,
+            context.text("První nové číslo; další jdou v pořadí zdrojů.",
+                "The first new number; others follow in the order of the sources."))
+        ->required()
+        ->type_name(context.text("ČÍSLO", "NUMBER"));
+    command
+        ->add_option("--step", arguments->step,
+            context.text("Odstup nových čísel (výchozí 1).", "Distance of the new numbers (default 1)."))
+        ->type_name(context.text("ČÍSLO", "NUMBER"));
+    addOutputOptions(*command, context, arguments->output);
+    command->footer(
+        context.text("Názvy zůstanou. Zdroje o stejném čísle dostanou každý své.\n"
+                     "Příklad: korvexzdr-cli renumber body.txt popis.txt --from 201-212 --start 301 -o b.txt p.txt",
+            "Names stay. Sources that share a number get one each.\n"
+            "Example: korvexzdr-cli renumber body.txt popis.txt --from 201-212 --start 301 -o b.txt p.txt"));
+    command->callback([&context, arguments] { run(context, *arguments); });
+}
+
+}  // namespace korvex

@@ -1,0 +1,102 @@
+#include "safety_copy_list.h"
+
+#include "input_file.h"
+#include "replace_files.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+namespace korvex {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// A line of the list: the name of the copy, a tabulator, the full path that it came from.
+void takeLine(const fs::path& folder, std::string_view line, std::vector<CopiedFile>& files)
+{
+    // A name may hold a tabulator itself; a full path begins with a slash and a name holds none.
+    const std::size_t tabulator = line.find("\t/");
+    if (tabulator == std::string_view::npos)
+        return;
+    const std::string_view name = line.substr(0, tabulator);
+    if (name.empty() || name.find('/') != std::string_view::npos)
+        return;
+    const fs::path copy = folder / name;
+    std::error_code error;
+    const bool isThere = fs::is_regular_file(copy, error);
+    const std::uintmax_t size = isThere ? fs::file_size(copy, error) : 0;
+    files.push_back({copy.string(), std::string(line.substr(tabulator + 1)), error ? 0 : size, isThere});
+}
+
+Result<std::vector<CopiedFile>> filesIn(const fs::path& folder)
+{
+    std::vector<CopiedFile> files;
+    Result<InputFile> list = InputFile::open((folder / "odkud.txt").string(), FileCalls::system());
+    if (!list.ok())
+        return list.error();
+    LineReader lines(list.value());
+    TextLine line;
+    for (;;) {
+        const Result<bool> next = lines.next(line);
+        if (!next.ok())
+            return next.error();
+        if (!next.value())
+            return files;
+        takeLine(folder, line.bytes, files);
+    }
+}
+
+}  // namespace
+
+std::string SafetyCopy::time() const
+{
+    constexpr std::size_t dateLength = 10;
+    constexpr std::size_t length = 19;
+    std::string time = name.substr(0, length);
+    time[dateLength] = ' ';
+    std::replace(time.begin() + dateLength, time.end(), '-', ':');
+    return time;
+}
+
+Result<std::vector<SafetyCopy>> safetyCopiesIn(const std::string& folder)
+{
+    std::vector<SafetyCopy> copies;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        const std::string name = entry->path().filename().string();
+        if (!SafetyCopies::isNameOfSave(name))
+            continue;
+        Result<std::vector<CopiedFile>> files = filesIn(entry->path());
+        if (!files.ok())
+            return files.error();
+        copies.push_back({name, std::move(files.value())});
+    }
+    if (error && error != std::errc::no_such_file_or_directory)
+        return systemError(FileStep::Open, folder, error.value());
+    std::sort(copies.begin(), copies.end(), [](const SafetyCopy& a, const SafetyCopy& b) { return a.name > b.name; });
+    return copies;
+}
+
+Result<void> restoreFiles(const SafetyCopy& copy, const SafetyCopies& copies)
+{
+    // All are read before anything is written: the copy that is made now may push this one out.
+    std::vector<Replacement> replacements;
+    for (const CopiedFile& file : copy.files) {
+        Result<InputFile> opened = InputFile::open(file.copy, FileCalls::system());
+        if (!opened.ok())
+            return opened.error();
+        const Result<FileBytes> bytes = opened.value().readAll();
+        if (!bytes.ok())
+            return bytes.error();
+        Replacement replacement{file.origin, {}};
+        replacement.bytes.room() += bytes.value().view();
+        replacements.push_back(std::move(replacement));
+    }
+    return replaceFiles(replacements, copies, FileCalls::system());
+}
+
+}  // namespace korvex

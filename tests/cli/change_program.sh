@@ -1,0 +1,234 @@
+#!/usr/bin/env bash
+# The commands that compare, change and convert, as a user runs them: what they write, when they refuse, how they end.
+# usage: change_program.sh PROGRAM EXAMPLES GOLDEN
+set -euo pipefail
+
+program=$1
+examples=$2
+golden=$3
+work=$(mktemp -d)
+trap 'rm -rf -- "$work"' EXIT
+export XDG_STATE_HOME=$work/state
+failures=0
+
+fail() {
+    echo "FAILED: $*" >&2
+    failures=$((failures + 1))
+}
+# run STATUS ARGUMENT…: output in $work/out and $work/err.
+run() {
+    local expected=$1 status=0
+    shift
+    "$program" "$@" >"$work/out" 2>"$work/err" </dev/null || status=$?
+    if [ "$status" -ne "$expected" ]; then
+        fail "status $status instead of $expected: $*"
+        cat "$work/out" "$work/err" >&2
+    fi
+}
+# says out|err TEXT
+says() {
+    if ! grep -qF -- "$2" "$work/$1"; then
+        fail "not in $1: $2"
+        cat "$work/$1" >&2
+    fi
+}
+# files FOLDER: the three names of an inventory there, in names.
+files() {
+    names=("$1/body.txt" "$1/popis.txt" "$1/prach.txt")
+}
+fresh() {
+    rm -rf "$work/new"
+    mkdir "$work/new"
+}
+expect_empty() {
+    [ -z "$(ls -A "$1")" ] || fail "$1 is not empty"
+}
+
+mkdir "$work/old" "$work/new"
+cp "$examples"/{body,popis,prach}.txt "$work/old"
+files "$work/old"
+old=("${names[@]}")
+files "$work/new"
+new=("${names[@]}")
+# With the paths of these files in their headers, as a save of the window leaves them.
+run 0 renumber "${old[@]}" --from 1 --start 1 --force
+sha256sum "${old[@]}" >"$work/sums"
+
+# --- diff
+run 0 diff "${old[@]}" "${old[@]}"
+run 0 diff "${old[@]:0:2}" "${old[@]:0:2}"
+run 0 diff --old "${old[@]}" --new "${old[@]}"
+run 1 diff "${old[@]}" + "${old[@]:0:2}"
+says out "prach: soubor má jen jedna strana"
+run 2 diff "${old[@]}" "${old[@]:0:2}"
+says err "Uveďte 2 a 2 nebo 3 a 3 soubory"
+run 2 diff "${old[@]}"
+run 2 diff --old "${old[@]}"
+sed 's/, 0\.16, 32, /, 0.17, 32, /' "$work/old/popis.txt" >"$work/new/popis.txt"
+run 1 diff "${old[@]}" "$work/old/body.txt" "$work/new/popis.txt" "$work/old/prach.txt"
+says out "    M_g_s: 0.16 -> 0.17"
+[ "$(grep -c -- '->' "$work/out")" -eq 4 ] || fail "more than one value and three sums"
+run 1 diff --json "${old[@]}" "$work/old/body.txt" "$work/new/popis.txt" "$work/old/prach.txt"
+says out '"old": 0.16'
+
+# --- extract and merge
+fresh
+mkdir "$work/a" "$work/b"
+files "$work/a"
+a=("${names[@]}")
+files "$work/b"
+b=("${names[@]}")
+run 0 extract "${old[@]}" --numbers 1-203 -o "${a[@]}"
+says out "Zapsané zdroje: 7"
+run 0 extract "${old[@]}" --numbers 1-203 --invert -o "${b[@]}"
+says out "Zapsané zdroje: 9"
+run 0 merge "${a[@]}" "${b[@]}" -o "${new[@]}"
+run 0 diff "${old[@]}" "${new[@]}"
+# The whole comes back byte by byte when it goes to the same place.
+run 0 merge "${a[@]}" + "${b[@]}" --force -o "${old[@]}"
+sha256sum --quiet -c "$work/sums" || fail "two halves do not make the whole"
+run 1 extract "${old[@]}" --name "není tu" -o "$work/none" "$work/none2" "$work/none3"
+[ ! -e "$work/none" ] || fail "an empty part was written"
+run 2 extract "${old[@]}" -o "$work/none" "$work/none2" "$work/none3"
+says err "Uveďte aspoň jednu podmínku"
+for wrong in --numbers=5-1 --type=stack --bbox=1,2,3; do
+    run 2 extract "${old[@]}" "$wrong" -o "$work/none" "$work/none2" "$work/none3"
+done
+
+fresh
+sed 's/, 0\.16, 32, /, 0.17, 32, /' "${a[1]}" >"$work/other.txt"
+run 2 merge "${a[@]}" + "${a[0]}" "$work/other.txt" "${a[2]}" -o "${new[@]}"
+says err "zdroj 1 je v dřívějším soupisu jiný"
+expect_empty "$work/new"
+run 0 merge "${a[@]}" + "${a[0]}" "$work/other.txt" "${a[2]}" --on-conflict keep -o "${new[@]}"
+run 0 diff "${a[@]}" "${new[@]}"
+fresh
+run 0 merge "${a[@]}" + "${a[0]}" "$work/other.txt" "${a[2]}" --on-conflict replace -o "${new[@]}"
+run 0 diff "${a[0]}" "$work/other.txt" "${a[2]}" "${new[@]}"
+fresh
+run 0 merge "${a[@]}" + "${a[0]}" "$work/other.txt" "${a[2]}" --on-conflict renumber -o "${new[@]}"
+says err "zdroj 1 dostal číslo 204"
+grep -q '^000000204,1800,' "$work/new/prach.txt" || fail "the dust does not go with its source"
+
+# --- renumber
+fresh
+run 0 renumber "${old[@]}" --from 201-212 --start 301 -o "${new[@]}"
+for name in "${new[@]}"; do
+    grep -q '^000000312' "$name" || fail "not renumbered: $name"
+    ! grep -q '^0000002' "$name" || fail "an old number in $name"
+done
+fresh
+run 2 renumber "${old[@]}" --from 201-212 --start 92 -o "${new[@]}"
+says err "zdroj 210: číslo 101 už má jiný zdroj"
+run 2 renumber "${old[@]}" --start 999999990 -o "${new[@]}"
+says err "999999999"
+run 2 renumber "${old[@]}" --start 1x -o "${new[@]}"
+run 2 renumber "${old[@]}" --start 1 --step 0 -o "${new[@]}"
+run 2 renumber "${old[@]}" --start 1
+says err "Uveďte --output, nebo --force"
+expect_empty "$work/new"
+
+# --- writing only where it is allowed
+run 2 extract "${old[@]}" --numbers 1 -o "${a[@]}"
+says err "${a[0]}: už existuje"
+run 2 extract "${old[@]}" --numbers 1 -o "${new[@]:0:2}"
+says err "--without-dust"
+run 2 extract "${old[@]:0:2}" --numbers 1 -o "${new[@]}"
+says err "Třetí výstupní soubor je navíc"
+run 2 extract "${old[@]}" --numbers 1 --force -o "$work/new/b" "$work/new/p" "${old[0]}"
+says err "přepsal vstup jiného druhu"
+run 0 extract "${old[@]}" --numbers 1 --without-dust -o "${new[@]:0:2}"
+fresh
+for lost in missing-dust short-records; do
+    run 0 extract "$golden/$lost/expected"/{body,popis,prach}.txt --numbers 1- -o "${new[@]}"
+    fresh
+done
+printf '000000999, 1\r\n' | cat "$examples/popis.txt" - >"$work/more.txt"
+run 2 extract "${old[0]}" "$work/more.txt" "${old[2]}" --numbers 1 -o "${new[@]}"
+says err "záznam 000000999 nepatří žádnému zdroji"
+expect_empty "$work/new"
+run 1 extract "${old[0]}" "$work/more.txt" "${old[2]}" --numbers 1 --accept-losses -o "${new[@]}"
+fresh
+run 1 diff "${old[0]}" "$work/more.txt" "${old[2]}" "${old[@]}"
+# Dust behind a number of ten characters would shift.
+run 2 extract "$golden/negative-numbers/input"/{body,popis,prach}.txt --numbers=-10- -o "${new[@]}"
+says err "se nevejde na 9 míst"
+expect_empty "$work/new"
+
+# --- export and import: the same bytes back
+fresh
+run 0 export "${old[@]}" --csv "$work/new/z.csv"
+run 2 export "${old[@]}" --csv "$work/new/z.csv"
+says err "z.csvt: už existuje"
+run 0 import --csv "$work/new/z.csv" "${old[@]}" --force
+sha256sum --quiet -c "$work/sums" || fail "CSV does not bring back the same bytes"
+run 2 import --csv "$work/new/z.csv" "${old[@]}"
+run 2 import --csv "$work/new/z.csv" "${new[@]:0:2}"
+says err "--without-dust"
+sed -i 's/641889/64188a/' "$work/new/z.csv"
+run 1 import --csv "$work/new/z.csv" "${new[@]}"
+says out "z.csv:9:113: X2el_m: není číslo s desetinnou tečkou ("
+says out "Nálezy: 3"
+run 1 import --json --csv "$work/new/z.csv" "${new[@]}"
+says out '"line": 9'
+[ ! -e "${new[0]}" ] || fail "written in spite of findings"
+run 2 import --csv "$work/none.csv" "${new[@]}"
+run 2 export "${old[@]}"
+run 2 export "${old[@]}" --geojson "$work/new/z.json" --crs 5514
+run 2 export "${old[@]}" --csv "$work/new/y.csv" --crs EPSG:5514
+run 0 export "${old[@]}" --geojson "$work/new/z.json"
+says err "WGS 84"
+
+# --- calc
+run 0 calc vs "${old[@]}" --dry-run
+says out "Vypočteno: 3, změněno: 0, nelze: 0"
+run 0 calc vs "${old[@]}" --pressure 98000 --dry-run
+says out "1 Vs_m3_s: 3.119339 -> 3.016977"
+run 0 calc vs "${old[@]}" --pressure 98000 --dry-run --json
+says out '"new": 3.016977'
+sha256sum --quiet -c "$work/sums" || fail "a dry run wrote"
+run 2 calc vs "${old[@]}"
+for wrong in 0 -1 x 1e39 ''; do
+    run 2 calc vs "${old[@]}" --dry-run "--pressure=$wrong"
+done
+run 2 calc q "${old[@]}" --dry-run
+fresh
+sed 's/, 0\.8, 9\.5, 0\.45, /, 0.8, 0, 0.45, /' "${old[1]}" >"$work/still.txt"
+run 1 calc d "${old[0]}" "$work/still.txt" "${old[2]}" -o "${new[@]}"
+says err "zdroj 1: nelze vypočítat d, protože w0 = 0"
+grep -q '^000000001, 0.16, 32, 3.119339, 145, 0.8, 0, ' "${new[1]}" || fail "the source was changed"
+run 1 --lang en calc d "${old[0]}" "$work/still.txt" "${old[2]}" --dry-run
+says err "source 1: d cannot be computed, for w0 = 0"
+
+# --- in place, and back again
+run 0 calc vs "${old[@]}" --pressure 98000 --force
+! sha256sum --status -c "$work/sums" || fail "nothing was written in place"
+run 0 restore
+says out "${old[1]}  $(stat -c %s "$work/still.txt" | awk '{print $1 + 2}') B"
+run 2 restore latest
+says err "už existuje"
+run 0 restore latest --force
+sha256sum --quiet -c "$work/sums" || fail "the safety copy did not come back"
+run 0 restore latest --force
+! sha256sum --status -c "$work/sums" || fail "what restore replaced was not kept"
+run 2 restore 2000-01-01_00-00-00_00
+run 0 restore --json
+says out '"isThere": true'
+
+# --- nothing can be written
+run 2 extract "${old[@]}" --numbers 1 -o "$work/no/b" "$work/no/p" "$work/no/d"
+if "$program" diff "${old[@]}" "${old[@]}" >/dev/full 2>"$work/err"; then
+    fail "a full disk went unnoticed"
+fi
+
+# --- every command explains itself in both languages, with an example
+for command in diff merge extract renumber export import calc restore; do
+    run 0 "$command" --help
+    says out "korvexzdr-cli $command "
+    says out "Příklad"
+    run 0 "$command" --help --lang en
+    says out "Example"
+    ! grep -q '[ěščřžýáíéůú]' "$work/out" || fail "Czech in the English help of $command"
+done
+
+[ "$failures" -eq 0 ] || exit 1
