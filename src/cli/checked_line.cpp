@@ -132,6 +132,17 @@ NumberExtent NumberExtent::of(std::string_view field)
     return {trimBlanks(field.substr(0, end)), trimBlanks(field.substr(end))};
 }
 
+std::vector<std::string_view> splitFields(std::string_view text)
+{
+    std::vector<std::string_view> fields;
+    const auto count = static_cast<std::size_t>(std::count(text.begin(), text.end(), ',')) + 1;
+    fields.reserve(count);
+    Fields rest(text, ',');
+    for (std::size_t i = 0; i < count; ++i)
+        fields.push_back(rest.next());
+    return fields;
+}
+
 NumberState checkNumber(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
     std::string_view field, const FieldKind& kind)
 {
@@ -143,11 +154,13 @@ NumberState checkNumber(Findings& findings, const CheckedLine& line, std::option
         return std::vector{nameOf(findings, kind), quoted, saved.value_or("")};
     };
     const char* const begin = shown.empty() ? field.data() : shown.data();
-    if (!saved) {
+    const std::vector<std::string_view> parts = splitFields(field);
+    const auto isOutOfRange = [&kind](std::string_view part) { return !savedText(part, kind); };
+    if (std::any_of(parts.begin(), parts.end(), isOutOfRange)) {
         findings.add(Rule::NumberRange, line.placeOf(begin), source, values);
         return NumberState::OutOfRange;
     }
-    if (field.find(',') != std::string_view::npos)
+    if (parts.size() > 1)
         return NumberState::Odd;
     if (extent.number.empty() || !extent.surplus.empty()) {
         const char* const fault = extent.number.empty() ? begin : extent.surplus.data();
@@ -164,24 +177,15 @@ NumberState checkNumber(Findings& findings, const CheckedLine& line, std::option
     return NumberState::Sound;
 }
 
-std::vector<std::string_view> splitFields(std::string_view text)
-{
-    std::vector<std::string_view> fields;
-    const auto count = static_cast<std::size_t>(std::count(text.begin(), text.end(), ',')) + 1;
-    fields.reserve(count);
-    Fields rest(text, ',');
-    for (std::size_t i = 0; i < count; ++i)
-        fields.push_back(rest.next());
-    return fields;
-}
-
 void joinDecimalCommas(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
     std::vector<std::string_view>& fields, std::size_t expected)
 {
     const auto beginsWithBlank = [](std::string_view field) { return !field.empty() && isBlank(field.front()); };
-    if (std::none_of(fields.begin(), fields.end(), beginsWithBlank))
+    // Every number with a comma would make twice as many: more are something else.
+    if (fields.size() > 2 * expected || std::none_of(fields.begin(), fields.end(), beginsWithBlank))
         return;
-    for (std::size_t i = 1; i < fields.size() && fields.size() > expected;) {
+    // The number of the source is whole: a comma behind it is only one without a blank.
+    for (std::size_t i = 2; i < fields.size() && fields.size() > expected;) {
         const std::string_view before = fields[i - 1];
         const std::string_view after = fields[i];
         if (before.empty() || !isDigit(before.back()) || after.empty() || !isDigit(after.front())) {

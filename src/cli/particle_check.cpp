@@ -51,7 +51,9 @@ void checkParticles(Findings& findings, const CheckedLine& line, std::optional<s
         });
     } else if (count > 0 && isSound && !isWhole(sum)) {
         findings.add(Rule::Shares, line.placeOf(fields[countAt + 1].data()), source, [&] {
-            return std::vector{singleText(static_cast<float>(sum)), singleText(limits::shareDifference.value)};
+            constexpr double mostShown = 1E9;
+            return std::vector{singleText(static_cast<float>(std::clamp(sum, -mostShown, mostShown))),
+                singleText(limits::shareDifference.value)};
         });
     }
 }

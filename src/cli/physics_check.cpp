@@ -36,6 +36,9 @@ Place placeOf(const DescribedSource& source, int parameter)
 /// To so many decimals as a reader of a message can use.
 std::string shortText(double value)
 {
+    // Beyond that nobody looks at the digits, and a 32-bit real has to hold it.
+    constexpr double mostShown = 1E9;
+    value = std::min(value, mostShown);
     const double step = std::abs(value) >= 100.0 ? 1.0 : 100.0;
     return singleText(static_cast<float>(std::nearbyint(value * step) / step));
 }
@@ -105,10 +108,8 @@ void checkVs(Findings& findings, const DescribedSource& source)
     if (difference <= static_cast<double>(limits::vsDifference.value))
         return;
     findings.add(Rule::VsMismatch, placeOf(source, Vs), source.point.number, [&] {
-        constexpr double mostShown = 1E6;
         return std::vector{singleText(valueOf(source, Vs)), singleText(source.pressure),
-            singleText(static_cast<float>(expected)), shortText(std::min(difference, mostShown)),
-            singleText(limits::vsDifference.value)};
+            singleText(static_cast<float>(expected)), shortText(difference), singleText(limits::vsDifference.value)};
     });
 }
 

@@ -18,6 +18,7 @@ namespace korvex {
 namespace {
 
 constexpr std::size_t fieldCount = 7;
+constexpr std::int32_t widestPaddedNumber = 999999999;
 constexpr std::size_t xField = 1;
 constexpr std::size_t yField = 2;
 constexpr std::size_t typeField = 4;
@@ -46,7 +47,7 @@ bool isAsSaved(std::string_view record, const PlainPoints& plain)
     }
     const std::string_view saved(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
     return record.substr(0, saved.size()) == saved && record.find(';', saved.size()) == std::string_view::npos
-        && plain.number >= 0 && plain.number <= 999999999;
+        && plain.number >= 0 && plain.number <= widestPaddedNumber;
 }
 
 /// Where X and Y begin on their line.
@@ -79,30 +80,50 @@ void checkName(Findings& findings, const CheckedLine& line, std::int32_t number)
         [&] { return std::vector{quotedText(findings.language(), line.decoded(line.bytes.substr(second)))}; });
 }
 
-/// A record that is not just as the program writes it, field by field.
-void checkOddRecord(Findings& findings, const CheckedLine& line, CheckedPoints& points)
+/// Checks the numbers of a record. With too few in front of the name the program reads on into the name: those fields
+/// join the others, but only a number out of range is worth a word. False: the file cannot be loaded.
+bool checkFields(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> number,
+    std::vector<std::string_view>& fields)
 {
-    const std::string_view numbers = field(line.bytes, ';', 1);
-    std::vector<std::string_view> fields = splitFields(numbers);
-    const std::optional<std::int32_t> number = roundedOf(fields.front());
-    joinDecimalCommas(findings, line, number, fields, fieldCount);
-    if (fields.size() != fieldCount)
-        reportFieldCount(findings, line, number, fields.size(), fieldCount);
+    const std::size_t beforeName = fields.size();
+    const std::vector<std::string_view> all = splitFields(line.bytes);
+    for (std::size_t i = beforeName; i < std::min(all.size(), fieldCount); ++i)
+        fields.push_back(all[i]);
     bool isInRange = true;
     for (std::size_t i = 0; i < std::min(fields.size(), fieldCount); ++i) {
+        if (i >= beforeName && roundedOf(fields[i]))
+            continue;
         const NumberState state = checkNumber(findings, line, number, fields[i], fieldKinds[i]);
         isInRange = isInRange && state != NumberState::OutOfRange;
     }
+    return isInRange;
+}
+
+void checkWidth(Findings& findings, const CheckedLine& line, std::int32_t number)
+{
+    if (number >= 0 && number <= widestPaddedNumber)
+        return;
+    findings.add(Rule::NumberWidth, line.place(), number, [&] {
+        return std::vector{integerText(number),
+            findings.text("popis prachu se při každém uložení posune, zdroj přečíslujte",
+                "every save shifts the dust description, renumber the source")};
+    });
+}
+
+/// A record that is not just as the program writes it, field by field.
+void checkOddRecord(Findings& findings, const CheckedLine& line, CheckedPoints& points)
+{
+    std::vector<std::string_view> fields = splitFields(field(line.bytes, ';', 1));
+    const std::optional<std::int32_t> number = roundedOf(fields.front());
+    joinDecimalCommas(findings, line, number, fields, fieldCount);
+    const std::size_t beforeName = fields.size();
+    if (beforeName != fieldCount)
+        reportFieldCount(findings, line, number, beforeName, fieldCount);
+    const bool isInRange = checkFields(findings, line, number, fields);
     if (!number)
         return;
     checkName(findings, line, *number);
-    if (*number < 0 || *number > 999999999) {
-        findings.add(Rule::NumberWidth, line.place(), number, [&] {
-            return std::vector{integerText(*number),
-                findings.text("popis prachu se při každém uložení posune, zdroj přečíslujte",
-                    "every save shifts the dust description, renumber the source")};
-        });
-    }
+    checkWidth(findings, line, *number);
     const auto valueOf = [&fields](std::size_t i) { return i < fields.size() ? roundedOf(fields[i]).value_or(0) : 0; };
     const auto columnOf = [&line, &fields](std::size_t i) {
         return i < fields.size() ? line.placeOf(trimBlanks(fields[i]).data()).column : 1;
@@ -113,7 +134,7 @@ void checkOddRecord(Findings& findings, const CheckedLine& line, CheckedPoints& 
     values.y = valueOf(yField);
     // With a number out of range the file is not loaded at all: nothing more is said of this source.
     values.typeId = isInRange ? valueOf(typeField) : 0;
-    if (isInRange && typeField < fields.size() && sourceTypeOf(values.typeId) == nullptr) {
+    if (isInRange && typeField < beforeName && sourceTypeOf(values.typeId) == nullptr) {
         findings.add(Rule::TypeCode, {line.file, line.number, columnOf(typeField)}, number,
             [&] { return std::vector{integerText(values.typeId)}; });
     }

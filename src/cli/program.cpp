@@ -50,7 +50,7 @@ void speakCzech(CLI::Formatter& formatter)
 std::string czechComplaint(const CLI::ParseError& error)
 {
     const std::string name = error.get_name();
-    const std::string what = error.what();
+    std::string what = error.what();
     if (name == "ExtrasError")
         return "Nadbytečný nebo neznámý argument:" + what.substr(std::min(what.find(':') + 1, what.size()));
     if (name == "RequiredError")

@@ -5,7 +5,11 @@
 #include "source_type.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
 #include <cstddef>
+#include <limits>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -100,7 +104,15 @@ void printRanges(TextOutput& out, const std::vector<ValueRange>& ranges, Languag
 
 std::string statisticText(double value)
 {
-    return singleText(static_cast<float>(value));
+    if (std::abs(value) <= static_cast<double>(std::numeric_limits<float>::max()))
+        return singleText(static_cast<float>(value));
+    // A sum of nonsense, but no reason to say nothing at all.
+    constexpr int decimals = 6;
+    std::array<char, 32> buffer{};
+    const auto end
+        = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::scientific, decimals)
+              .ptr;
+    return {buffer.data(), end};
 }
 
 void printStatistics(TextOutput& out, const InventoryStatistics& statistics, Language language)

@@ -18,7 +18,7 @@ processor_ms() {
     local least=999999 user system ms
     for _ in 1 2 3 4 5; do
         read -r user system < <({ time "$@" >/dev/null 2>&1; } 2>&1 || true)
-        ms=$((10#${user/./} + 10#${system/./}))
+        ms=$((10#${user/[.,]/} + 10#${system/[.,]/}))  # the shell writes seconds as the locale does
         [ "$ms" -lt "$least" ] && least=$ms
     done
     echo "$least"

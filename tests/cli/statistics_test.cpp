@@ -95,6 +95,12 @@ TEST(Statistics, AnEmptySetHasNoRangesAndNoSums)
     EXPECT_THAT(out.text(), Not(HasSubstr("point H")));
 }
 
+TEST(StatisticsReport, ASumBeyondSingleRealsIsStillANumber)
+{
+    EXPECT_EQ(statisticText(0.8F), "0.8");
+    EXPECT_EQ(statisticText(-2.5E40), "-2.500000e+40");
+}
+
 TEST(StatisticsReport, ColumnsStandUnderTheirHeads)
 {
     TextOutput out;
