@@ -107,6 +107,8 @@ QGroupBox* frmSkupinyPrachu::makeGroupsFrame()
     lstSkupiny->setAccessibleName(frame->title());
     lstSkupiny->setEditTriggers(QAbstractItemView::NoEditTriggers);
     lstSkupiny->setUniformItemSizes(true);
+    constexpr int shownCharacters = 38;  // of a name; few are longer
+    lstSkupiny->setMinimumWidth(fontMetrics().averageCharWidth() * shownCharacters);
     // Not by a click: see the filter of its viewport.
     lstSkupiny->setFocusPolicy(Qt::TabFocus);
     lstSkupiny->viewport()->installEventFilter(this);

@@ -92,6 +92,9 @@ void SourceDialog::addParameterField(QWidget& before)
     auto* const field = new QLineEdit(m_parameterPage);
     field->setObjectName(QStringLiteral("tPar%1").arg(m_parameters.size()));
     field->setToolTip(QStringLiteral("Parametry zdroje"));
+    // Every number that can be computed is to be seen whole.
+    constexpr int shownDigits = 13;
+    field->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * shownDigits);
     filterKeys(*field, m_acceptsKey);
     SelectAllText(*field);
     const auto row = static_cast<int>(m_parameters.size());
