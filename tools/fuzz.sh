@@ -11,7 +11,8 @@ if ! [[ $minutes =~ ^[1-9][0-9]*$ ]] || [ $# -gt 2 ]; then
 fi
 
 cmake --preset fuzz >/dev/null
-cmake --build --preset fuzz -j2 -- --quiet
+mapfile -t targets < <(basename -a fuzz/corpus/*/)
+cmake --build --preset fuzz -j2 --target "${targets[@]/%/_fuzz}" -- --quiet
 
 # Locales to compare with, where the machine has none of its own.
 export LOCPATH=$PWD/build/locales
