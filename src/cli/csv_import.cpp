@@ -22,8 +22,6 @@ constexpr std::size_t commentIndex = column::Count;
 constexpr std::size_t geometryIndex = column::Count + 1;
 constexpr std::size_t knownColumns = column::Count + 2;
 constexpr std::size_t indexTs = 3;
-constexpr std::size_t indexD = 4;
-constexpr std::size_t indexW0 = 5;
 
 std::string_view nameOfColumn(std::size_t index)
 {
