@@ -199,9 +199,12 @@ Result<void> replaceFiles(const std::vector<Replacement>& replacements, const Sa
             for (std::size_t behind = i + 1; behind < targets.size(); ++behind)
                 targets[behind].undo();
             FileError error = written.error();
-            const std::string originals = copies.keep(copyFolder, paths);
-            if (!originals.empty())
-                error.description += "\nKopie původních souborů je ve složce:\n" + originals;
+            const std::string wholeFolder = copies.keep(copyFolder, paths);
+            const std::string& named = copyFolder.empty() ? wholeFolder : copyFolder;
+            if (!named.empty())
+                error.description += "\nKopie původních souborů je ve složce:\n" + named;
+            if (named != wholeFolder)
+                error.description += "\nSoubory z doby před prvním nezdařeným uložením jsou ve složce:\n" + wholeFolder;
             return error;
         }
     }
