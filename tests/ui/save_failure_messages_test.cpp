@@ -121,6 +121,7 @@ void SaveFailureMessagesTest::fill()
         QVERIFY(QFile::setPermissions(harness().path(names.at(file)), all));
     }
     const SourceFiles files = harness().globals.files;
+    harness().set().clear();
     harness().fillWithNumbers({2, 1});
     harness().model().sortByHeader(SourceListModel::NumberColumn);
     harness().mark(QStringLiteral("-X"));
@@ -214,8 +215,10 @@ void SaveFailureMessagesTest::fileWithoutANameIsNotSaved()
         pathIn(harness().globals.files, file).clear();
         harness().boxes.answerNext(BoxAnswer::Ok);
         QVERIFY(!save());
-        QCOMPARE(harness().boxes.shown().last().title, saveTitle);
-        QCOMPARE(harness().boxes.shown().last().icon, BoxIcon::Critical);
+        const QString text = file == 0 ? QStringLiteral("Není zadán soubor s body.")
+                                       : QStringLiteral("Není zadán soubor s popisem.");
+        QCOMPARE(describe(harness().boxes.shown().last()),
+            describe({saveTitle, text, BoxIcon::Critical, BoxButtons::Ok, {}}));
         QVERIFY(harness().set().modified());
         for (const QString& name : names)
             QCOMPARE(harness().bytes(name), QByteArray("old\r\n"));

@@ -323,6 +323,8 @@ QString WindowHarness::marks()
 
 void WindowHarness::mark(const QString& marks)
 {
+    if (marks.size() != model().rowCount())
+        qFatal("There are %d rows to mark.", model().rowCount());
     for (int row = 0; row < model().rowCount(); ++row)
         model().mark(row, marks.at(row) == QLatin1Char('X'));
 }
