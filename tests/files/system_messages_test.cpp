@@ -355,10 +355,10 @@ TEST_F(SaveMessages, EveryFailingStepOfEveryFileNamesItInWords)
 
 TEST_F(SaveMessages, FolderOfTheCopiesIsNamedWhereOldContentsAreGone)
 {
-    const test::TemporaryFolder copies;
-    request.copies = SafetyCopies(copies.path());
     for (const auto file : eachFile) {
         for (const FailingStep& failing : everySaveStep) {
+            const test::TemporaryFolder copies;
+            request.copies = SafetyCopies(copies.path());
             SCOPED_TRACE(request.files.*file + ", call " + std::to_string(static_cast<int>(failing.kind)));
             writeOldFiles();
             TroubledFile calls(request.files.*file, failing.kind, ENOSPC);
