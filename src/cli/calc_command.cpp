@@ -54,15 +54,8 @@ std::optional<CalcRequest> requestOf(CommandContext& context, const CalcArgument
             + arguments.pressure);
         return std::nullopt;
     }
-    if (!arguments.numbers.empty()) {
-        const auto ranges = readNumberRanges(arguments.numbers);
-        if (!ranges) {
-            context.fail(context.text("Nesrozumitelná čísla zdrojů: ", "Numbers that cannot be understood: ")
-                + arguments.numbers);
-            return std::nullopt;
-        }
-        request.numbers = *ranges;
-    }
+    if (!takeNumberRanges(context, arguments.numbers, request.numbers))
+        return std::nullopt;
     if (!arguments.dryRun && arguments.output.paths.empty() && !arguments.output.force) {
         context.fail(context.text("Uveďte --dry-run, --output, nebo --force k přepsání souborů samých.",
             "Name --dry-run, --output, or --force to replace the files themselves."));

@@ -177,6 +177,19 @@ std::optional<std::vector<SourceFiles>> filesOfGroups(const std::vector<std::str
     return files;
 }
 
+bool takeNumberRanges(CommandContext& context, const std::string& given, std::vector<NumberRange>& ranges)
+{
+    if (given.empty())
+        return true;
+    const auto read = readNumberRanges(given);
+    if (!read) {
+        context.fail(context.text("Nesrozumitelná čísla zdrojů: ", "Numbers that cannot be understood: ") + given);
+        return false;
+    }
+    ranges = *read;
+    return true;
+}
+
 std::optional<Inventory> load(CommandContext& context, const SourceFiles& files)
 {
     Result<Inventory> loaded = loadInventory(files);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "inventory.h"
+#include "selection.h"
 
 #include <cstddef>
 #include <optional>
@@ -45,6 +46,11 @@ void addOutputOptions(CLI::App& command, const CommandContext& context, OutputAr
 /// The files of several inventories: "+" stands between them; two of the same kind need none. None when that cannot be
 /// told apart.
 [[nodiscard]] std::optional<std::vector<SourceFiles>> filesOfGroups(const std::vector<std::string>& paths);
+
+/// Reads the source numbers that an option was given, such as "1-10,15". Nothing given leaves the ranges as they are.
+/// False, and the user is told, when they cannot be understood.
+[[nodiscard]] bool takeNumberRanges(
+    CommandContext& context, const std::string& given, std::vector<NumberRange>& ranges);
 
 /// Loads an inventory and says what its files lack, or hold in vain. None when it cannot be loaded.
 [[nodiscard]] std::optional<Inventory> load(CommandContext& context, const SourceFiles& files);

@@ -37,15 +37,8 @@ std::optional<Selection> selectionOf(CommandContext& context, const ExtractArgum
         return std::nullopt;
     }
     selection.types = *types;
-    if (!arguments.numbers.empty()) {
-        const auto ranges = readNumberRanges(arguments.numbers);
-        if (!ranges) {
-            context.fail(context.text("Nesrozumitelná čísla zdrojů: ", "Numbers that cannot be understood: ")
-                + arguments.numbers);
-            return std::nullopt;
-        }
-        selection.numbers = *ranges;
-    }
+    if (!takeNumberRanges(context, arguments.numbers, selection.numbers))
+        return std::nullopt;
     if (!arguments.box.empty()) {
         selection.box = readBoundingBox(arguments.box);
         if (!selection.box) {

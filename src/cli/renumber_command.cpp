@@ -47,15 +47,8 @@ std::optional<RenumberRequest> requestOf(CommandContext& context, const Renumber
         context.fail(context.text("Krok musí být aspoň 1.", "The step has to be at least 1."));
         return std::nullopt;
     }
-    if (!arguments.from.empty()) {
-        const auto ranges = readNumberRanges(arguments.from);
-        if (!ranges) {
-            context.fail(
-                context.text("Nesrozumitelná čísla zdrojů: ", "Numbers that cannot be understood: ") + arguments.from);
-            return std::nullopt;
-        }
-        request.from = *ranges;
-    }
+    if (!takeNumberRanges(context, arguments.from, request.from))
+        return std::nullopt;
     return request;
 }
 
