@@ -190,6 +190,9 @@ QVariant SourceListModel::headerData(int section, Qt::Orientation orientation, i
         return {};
     if (role == Qt::DisplayRole)
         return section == NumberColumn ? QStringLiteral("Zdroj") : QStringLiteral("Název zdroje");
+    if (role == Qt::ToolTipRole)
+        return section == NumberColumn ? QStringLiteral("Seřadit podle čísla (Ctrl+Shift+Z)")
+                                       : QStringLiteral("Seřadit podle názvu (Ctrl+Shift+N)");
     if (role == Qt::TextAlignmentRole)
         return QVariant::fromValue(Qt::AlignLeft | Qt::AlignVCenter);
     return {};

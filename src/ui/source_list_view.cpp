@@ -1,5 +1,7 @@
 #include "source_list_view.h"
 
+#include "source_list_access.h"
+
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QHeaderView>
@@ -9,8 +11,10 @@
 #include <QPen>
 #include <QStyle>
 #include <QStyledItemDelegate>
+#include <QTimer>
 
 #include <algorithm>
+#include <optional>
 
 namespace korvex {
 
@@ -45,6 +49,16 @@ int typeOfDigitKey(const QKeyEvent& event)
     return 0;
 }
 
+/// The column that Ctrl+Shift and the first letter of its header sort by; nothing for another key.
+std::optional<SourceListModel::Column> columnOfSortKey(const QKeyEvent& event)
+{
+    if (event.key() == Qt::Key_Z)
+        return SourceListModel::NumberColumn;
+    if (event.key() == Qt::Key_N)
+        return SourceListModel::NameColumn;
+    return std::nullopt;
+}
+
 bool isMarkingModifier(Qt::KeyboardModifiers modifiers)
 {
     return modifiers.testFlag(Qt::ShiftModifier) || modifiers.testFlag(Qt::ControlModifier);
@@ -54,6 +68,8 @@ bool isMarkingModifier(Qt::KeyboardModifiers modifiers)
 
 SourceListView::SourceListView(SourceListModel& model, QWidget* parent) : QTableView(parent), m_model(model)
 {
+    // Before the list is first looked at: what is seen then stays.
+    installSourceListAccess();
     setModel(&model);
     setItemDelegate(new MarkDelegate(model, this));
     setSelectionMode(QAbstractItemView::NoSelection);
@@ -75,6 +91,7 @@ SourceListView::SourceListView(SourceListModel& model, QWidget* parent) : QTable
     connect(horizontalHeader(), &QHeaderView::sectionClicked, &model, &SourceListModel::sortByHeader);
     connect(&model, &SourceListModel::sortChanged, this, &SourceListView::showSortArrow);
     connect(&model, &SourceListModel::marksChanged, viewport(), qOverload<>(&QWidget::update));
+    connect(&model, &SourceListModel::marksChanged, this, [this] { tellMarkOfCurrentRow(*this); });
     connect(&model, &QAbstractItemModel::modelReset, this, [this] { m_anchor = 0; });
 }
 
@@ -146,6 +163,12 @@ bool SourceListView::handleCommandKey(const QKeyEvent& event)
         }
         if (const int typeId = isKeypad ? 0 : typeOfDigitKey(event); typeId != 0) {
             emit newSourceRequested(typeId);
+            return true;
+        }
+    }
+    if (modifiers == (Qt::ControlModifier | Qt::ShiftModifier)) {
+        if (const auto column = columnOfSortKey(event)) {
+            m_model.sortByHeader(*column);
             return true;
         }
     }
@@ -287,6 +310,13 @@ void SourceListView::contextMenuEvent(QContextMenuEvent* event)
     emit sourceMenuRequested(viewport()->mapToGlobal(position));
 }
 
+void SourceListView::focusInEvent(QFocusEvent* event)
+{
+    QTableView::focusInEvent(event);
+    // Once the toolkit has told of the list itself.
+    QTimer::singleShot(0, this, [this] { tellCurrentRow(*this); });
+}
+
 void SourceListView::focusOutEvent(QFocusEvent* event)
 {
     QTableView::focusOutEvent(event);
@@ -327,6 +357,13 @@ QModelIndex SourceListView::moveCursor(CursorAction action, Qt::KeyboardModifier
     default:
         return QTableView::moveCursor(action, modifiers & ~Qt::KeyboardModifiers(Qt::ControlModifier));
     }
+}
+
+void SourceListView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    // Not the table view's: it counts the cells with those of a header column that is not there.
+    QAbstractItemView::currentChanged(current, previous);
+    tellCurrentRow(*this);
 }
 
 }  // namespace korvex

@@ -52,6 +52,9 @@ private slots:
     void controlDigitAsksForANewSourceOfTheType();
     void digitWithoutControlAsksForNoNewSource();
 
+    void controlShiftAndTheLetterOfAColumnSortByIt_data();
+    void controlShiftAndTheLetterOfAColumnSortByIt();
+
     void typedDigitsSearchTheNumberColumn();
     void searchLooksInTheNumberColumnWhereverTheClickWas();
     void searchBeginsAnewAfterAPauseAndGoesOnBehindTheCurrentRow();
@@ -239,6 +242,31 @@ void SourceListKeysTest::digitWithoutControlAsksForNoNewSource()
         QApplication::sendEvent(&view, &press);
     }
     QCOMPARE(requests.size(), 0);
+}
+
+void SourceListKeysTest::controlShiftAndTheLetterOfAColumnSortByIt_data()
+{
+    QTest::addColumn<int>("letter");
+    QTest::addColumn<int>("column");
+    QTest::newRow("number") << int(Qt::Key_Z) << int(SourceListModel::NumberColumn);
+    QTest::newRow("name") << int(Qt::Key_N) << int(SourceListModel::NameColumn);
+}
+
+void SourceListKeysTest::controlShiftAndTheLetterOfAColumnSortByIt()
+{
+    QFETCH(const int, letter);
+    QFETCH(const int, column);
+    showNumbers({2, 3, 1});
+    const auto sortingKey = [&] { key(static_cast<Qt::Key>(letter), Qt::ControlModifier | Qt::ShiftModifier); };
+    sortingKey();
+    QCOMPARE(harness().model().sortColumn(), column);
+    QCOMPARE(harness().numberColumn(),
+        QStringList({QStringLiteral("000000001"), QStringLiteral("000000002"), QStringLiteral("000000003")}));
+    sortingKey();
+    QCOMPARE(harness().numberColumn().first(), QStringLiteral("000000003"));
+    // The header tells the key.
+    const QString tip = harness().model().headerData(column, Qt::Horizontal, Qt::ToolTipRole).toString();
+    QVERIFY2(tip.endsWith(QStringLiteral("(Ctrl+Shift+%1)").arg(QChar(letter))), qPrintable(tip));
 }
 
 void SourceListKeysTest::typedDigitsSearchTheNumberColumn()
