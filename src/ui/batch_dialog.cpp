@@ -3,6 +3,7 @@
 #include "batch_runs.h"
 #include "dialog_buttons.h"
 #include "field_behaviour.h"
+#include "focus_outline.h"
 #include "globals.h"
 #include "guard.h"
 #include "help_key.h"
@@ -88,7 +89,7 @@ void frmVypocetVsDw0::buildWidgets()
     auto* const Label2 = new QLabel(QStringLiteral("Záznam o chybách:"), this);
     Label2->setObjectName(QStringLiteral("Label2"));
     m_log = new QStringListModel(this);
-    lstLog = new QListView(this);
+    lstLog = new FocusShowing<QListView>(this);
     lstLog->setObjectName(QStringLiteral("lstLog"));
     lstLog->setModel(m_log);
     lstLog->setEditTriggers(QAbstractItemView::NoEditTriggers);

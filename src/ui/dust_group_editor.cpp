@@ -6,6 +6,7 @@
 #include "dust_groups_file.h"
 #include "field_behaviour.h"
 #include "file_dialogs.h"
+#include "focus_outline.h"
 #include "globals.h"
 #include "group_list_model.h"
 #include "guard.h"
@@ -102,7 +103,7 @@ frmSkupinyPrachu::frmSkupinyPrachu(Shell& shell, QWidget* owner)
 QGroupBox* frmSkupinyPrachu::makeGroupsFrame()
 {
     auto* const frame = new QGroupBox(QStringLiteral("Seznam skupin"), this);
-    lstSkupiny = named(new QListView(frame), "lstSkupiny");
+    lstSkupiny = named(new FocusShowing<QListView>(frame), "lstSkupiny");
     lstSkupiny->setModel(m_groupList);
     lstSkupiny->setAccessibleName(frame->title());
     lstSkupiny->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -133,7 +134,7 @@ QGroupBox* frmSkupinyPrachu::makeDetailFrame()
     SelectAllText(*txtNazevSkupiny);
     // A semicolon would cut the name when the file is read again.
     filterKeys(*txtNazevSkupiny, [](int keyCode) { return keyCode != ';'; });
-    lsvPrach = named(new QTableView(m_detail), "lsvPrach");
+    lsvPrach = named(new FocusShowing<QTableView>(m_detail), "lsvPrach");
     // A table does not take its label's text for a name.
     lsvPrach->setAccessibleName(QStringLiteral("Prachové částice"));
 

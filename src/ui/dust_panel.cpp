@@ -5,6 +5,7 @@
 #include "dust_groups_file.h"
 #include "field_behaviour.h"
 #include "fields.h"
+#include "focus_outline.h"
 #include "globals.h"
 #include "guard.h"
 #include "message_boxes.h"
@@ -58,7 +59,7 @@ void uscPrach::buildWidgets()
     cboPrachoveSkupiny->setToolTip(QStringLiteral("Seznam skupin prachu"));
     cmdSkupinyPrachu = new QPushButton(QStringLiteral("Editace prachových skupin"), this);
     cmdSkupinyPrachu->setObjectName(QStringLiteral("cmdSkupinyPrachu"));
-    lsvPrach = new QTableView(this);
+    lsvPrach = new FocusShowing<QTableView>(this);
     lsvPrach->setObjectName(QStringLiteral("lsvPrach"));
     lsvPrach->setToolTip(QStringLiteral("Uživatelem definované prachové částice"));
     lsvPrach->setAccessibleName(lsvPrach->toolTip());

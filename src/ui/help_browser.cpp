@@ -1,5 +1,6 @@
 #include "help_browser.h"
 
+#include "focus_outline.h"
 #include "help_pages.h"
 #include "help_search.h"
 
@@ -77,6 +78,9 @@ HelpBrowser::HelpBrowser(QWidget* parent) : QTextBrowser(parent)
     setOpenLinks(false);
     connect(this, &QTextBrowser::anchorClicked, this, &HelpBrowser::follow);
     connect(this, &QTextBrowser::sourceChanged, this, &HelpBrowser::pageHasChanged);
+    // What scrolls takes the outline of the focus with it.
+    for (const QScrollBar* const bar : {verticalScrollBar(), horizontalScrollBar()})
+        connect(bar, &QScrollBar::valueChanged, viewport(), qOverload<>(&QWidget::update));
     applyColours();
     document()->setDocumentMargin(2.0 * fontMetrics().averageCharWidth());
 }
@@ -92,6 +96,24 @@ void HelpBrowser::pageHasChanged(const QUrl& address)
     m_page = helpPageAt(address);
     showHighlights();
     emit pageChanged();
+}
+
+void HelpBrowser::focusInEvent(QFocusEvent* event)
+{
+    QTextBrowser::focusInEvent(event);
+    viewport()->update();
+}
+
+void HelpBrowser::focusOutEvent(QFocusEvent* event)
+{
+    QTextBrowser::focusOutEvent(event);
+    viewport()->update();
+}
+
+void HelpBrowser::paintEvent(QPaintEvent* event)
+{
+    QTextBrowser::paintEvent(event);
+    drawFocusOutline(*this);
 }
 
 void HelpBrowser::follow(const QUrl& address)

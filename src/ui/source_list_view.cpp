@@ -1,5 +1,6 @@
 #include "source_list_view.h"
 
+#include "focus_outline.h"
 #include "source_list_access.h"
 
 #include <QApplication>
@@ -327,6 +328,8 @@ void SourceListView::focusOutEvent(QFocusEvent* event)
 void SourceListView::paintEvent(QPaintEvent* event)
 {
     QTableView::paintEvent(event);
+    if (!currentIndex().isValid())
+        drawFocusOutline(*this);
     if (!hasFocus() || !currentIndex().isValid())
         return;
     const QRect row = visualRect(currentIndex().siblingAtColumn(SourceListModel::NumberColumn))
