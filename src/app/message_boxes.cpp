@@ -58,6 +58,8 @@ std::map<QAbstractButton*, BoxAnswer> addButtons(QMessageBox& box, BoxButtons bu
     };
     if (buttons == BoxButtons::YesNoCancel) {
         QPushButton* const cancel = box.addButton(QMessageBox::Cancel);
+        // The toolkit's own text has no letter to press with Alt.
+        cancel->setText(QStringLiteral("&Storno"));
         box.setEscapeButton(cancel);
         answers[cancel] = BoxAnswer::Cancel;
     }

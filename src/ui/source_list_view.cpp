@@ -15,7 +15,6 @@
 #include <QTimer>
 
 #include <algorithm>
-#include <optional>
 
 namespace korvex {
 
@@ -48,16 +47,6 @@ int typeOfDigitKey(const QKeyEvent& event)
     if (event.nativeScanCode() >= scanCodeOfOne && event.nativeScanCode() < scanCodeOfOne + 3)
         return static_cast<int>(event.nativeScanCode() - scanCodeOfOne) + 1;
     return 0;
-}
-
-/// The column that Ctrl+Shift and the first letter of its header sort by; nothing for another key.
-std::optional<SourceListModel::Column> columnOfSortKey(const QKeyEvent& event)
-{
-    if (event.key() == Qt::Key_Z)
-        return SourceListModel::NumberColumn;
-    if (event.key() == Qt::Key_N)
-        return SourceListModel::NameColumn;
-    return std::nullopt;
 }
 
 bool isMarkingModifier(Qt::KeyboardModifiers modifiers)
@@ -151,47 +140,37 @@ void SourceListView::keyPressEvent(QKeyEvent* event)
 bool SourceListView::handleCommandKey(const QKeyEvent& event)
 {
     const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeyboardModifiers(Qt::KeypadModifier);
-    const bool isKeypad = event.modifiers().testFlag(Qt::KeypadModifier);
-    if (modifiers == Qt::ControlModifier) {
-        if (event.key() == Qt::Key_A) {
-            m_model.markAll(true);
-            return true;
-        }
-        if (event.key() == Qt::Key_Space && currentRow() >= 0) {
-            m_anchor = currentRow();
-            m_model.mark(m_anchor, !m_model.marked(m_anchor));
-            return true;
-        }
-        if (const int typeId = isKeypad ? 0 : typeOfDigitKey(event); typeId != 0) {
-            emit newSourceRequested(typeId);
-            return true;
-        }
-    }
-    if (modifiers == (Qt::ControlModifier | Qt::ShiftModifier)) {
-        if (const auto column = columnOfSortKey(event)) {
-            m_model.sortByHeader(*column);
-            return true;
-        }
-    }
+    // The signs last: with Ctrl, a Czech keyboard sends one for a digit.
+    return (modifiers == Qt::NoModifier && handlePlainKey(event))
+        || (modifiers == Qt::ControlModifier && handleControlKey(event))
+        || (modifiers == (Qt::ControlModifier | Qt::ShiftModifier) && handleControlShiftKey(event))
+        || handleSignKey(event);
+}
+
+/// Off the numeric pad the signs do nothing: the search by typing must not react to them.
+bool SourceListView::handleSignKey(const QKeyEvent& event)
+{
+    const bool isCommand = event.modifiers() == Qt::KeypadModifier;
     switch (event.key()) {
     case Qt::Key_Asterisk:
+        if (isCommand)
+            emit invertRequested();
+        return true;
     case Qt::Key_Plus:
+        if (isCommand)
+            emit markAllRequested();
+        return true;
     case Qt::Key_Minus:
-        // Off the numeric pad they do nothing: the search by typing must not react to them.
-        if (isKeypad && modifiers == Qt::NoModifier) {
-            if (event.key() == Qt::Key_Asterisk)
-                emit invertRequested();
-            else if (event.key() == Qt::Key_Plus)
-                emit markAllRequested();
-            else
-                emit unmarkAllRequested();
-        }
+        if (isCommand)
+            emit unmarkAllRequested();
         return true;
     default:
-        break;
-    }
-    if (modifiers != Qt::NoModifier)
         return false;
+    }
+}
+
+bool SourceListView::handlePlainKey(const QKeyEvent& event)
+{
     switch (event.key()) {
     case Qt::Key_Insert:
         emit newSourceMenuRequested();
@@ -206,6 +185,49 @@ bool SourceListView::handleCommandKey(const QKeyEvent& event)
     case Qt::Key_Space:
         if (currentRow() >= 0)
             markByPress(currentRow(), Qt::NoModifier);
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool SourceListView::handleControlKey(const QKeyEvent& event)
+{
+    const bool isKeypad = event.modifiers().testFlag(Qt::KeypadModifier);
+    if (const int typeId = isKeypad ? 0 : typeOfDigitKey(event); typeId != 0) {
+        emit newSourceRequested(typeId);
+        return true;
+    }
+    switch (event.key()) {
+    case Qt::Key_A:
+        m_model.markAll(true);
+        return true;
+    case Qt::Key_I:
+        emit invertRequested();
+        return true;
+    case Qt::Key_Space:
+        if (currentRow() < 0)
+            return false;
+        m_anchor = currentRow();
+        m_model.mark(m_anchor, !m_model.marked(m_anchor));
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// Not every keyboard has a numeric pad; and the header, which sorts, takes no focus.
+bool SourceListView::handleControlShiftKey(const QKeyEvent& event)
+{
+    switch (event.key()) {
+    case Qt::Key_A:
+        emit unmarkAllRequested();
+        return true;
+    case Qt::Key_Z:
+        m_model.sortByHeader(SourceListModel::NumberColumn);
+        return true;
+    case Qt::Key_N:
+        m_model.sortByHeader(SourceListModel::NameColumn);
         return true;
     default:
         return false;

@@ -10,7 +10,7 @@ namespace korvex {
 
 /// The toolkit's own selection is switched off, for it is quadratic in scattered rows: the marks live in the model.
 /// The current row is the toolkit's. Marking: a click or an arrow key marks one row, Shift extends from where the last
-/// one was, Ctrl adds and takes away, Ctrl+A marks all.
+/// one was, Ctrl adds and takes away, Ctrl+A marks all, Ctrl+Shift+A none, Ctrl+I inverts.
 class SourceListView : public QTableView {
     Q_OBJECT
 
@@ -55,6 +55,10 @@ protected:
 
 private:
     bool handleCommandKey(const QKeyEvent& event);
+    bool handleSignKey(const QKeyEvent& event);
+    bool handlePlainKey(const QKeyEvent& event);
+    bool handleControlKey(const QKeyEvent& event);
+    bool handleControlShiftKey(const QKeyEvent& event);
     void markByKey(const QKeyEvent& event, int rowBefore);
     void markByPress(int row, Qt::KeyboardModifiers modifiers);
     void markFromAnchor(int row, Qt::KeyboardModifiers modifiers);

@@ -153,7 +153,7 @@ void MessageBoxesTest::buttonsAreCzechAndInOrder_data()
     QTest::addColumn<QString>("expected");
     QTest::newRow("one button") << BoxButtons::Ok << "OK";
     QTest::newRow("yes and no") << BoxButtons::YesNo << "&Ano &Ne";
-    QTest::newRow("three buttons") << BoxButtons::YesNoCancel << "&Ano &Ne Storno";
+    QTest::newRow("three buttons") << BoxButtons::YesNoCancel << "&Ano &Ne &Storno";
 }
 
 void MessageBoxesTest::buttonsAreCzechAndInOrder()
@@ -233,6 +233,7 @@ void MessageBoxesTest::underlinedLetterAnswers_data()
         QTest::addRow("A of %s", name) << buttons << int(Qt::Key_A) << BoxAnswer::Yes;
         QTest::addRow("N of %s", name) << buttons << int(Qt::Key_N) << BoxAnswer::No;
     }
+    QTest::newRow("S of three") << BoxButtons::YesNoCancel << int(Qt::Key_S) << BoxAnswer::Cancel;
 }
 
 void MessageBoxesTest::underlinedLetterAnswers()

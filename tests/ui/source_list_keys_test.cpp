@@ -43,9 +43,8 @@ private slots:
     void deleteKeyDeletesTheMarkedSources_data();
     void deleteKeyDeletesTheMarkedSources();
     void deleteKeyWithAModifierDeletesNothing();
-    void keypadAsteriskInvertsTheMarks();
-    void keypadPlusMarksAll();
-    void keypadMinusUnmarksAll();
+    void keysForAllMarks_data();
+    void keysForAllMarks();
     void plainAsteriskPlusAndMinusAreSwallowed_data();
     void plainAsteriskPlusAndMinusAreSwallowed();
     void controlDigitAsksForANewSourceOfTheType_data();
@@ -141,36 +140,36 @@ void SourceListKeysTest::deleteKeyWithAModifierDeletesNothing()
     QVERIFY(!harness().set().modified());
 }
 
-void SourceListKeysTest::keypadAsteriskInvertsTheMarks()
+void SourceListKeysTest::keysForAllMarks_data()
 {
+    QTest::addColumn<Qt::Key>("pressed");
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::addColumn<QString>("marks");
+    QTest::addColumn<QString>("status");
+    const Qt::KeyboardModifiers keypad = Qt::KeypadModifier;
+    const Qt::KeyboardModifiers control = Qt::ControlModifier;
+    const QString inverting = QStringLiteral("Inveruji vybrané zdroje…");
+    const QString unmarking = QStringLiteral("Ruším označení všech zdrojů…");
+    QTest::newRow("keypad *") << Qt::Key_Asterisk << keypad << QStringLiteral("-XX") << inverting;
+    QTest::newRow("Ctrl+I") << Qt::Key_I << control << QStringLiteral("-XX") << inverting;
+    QTest::newRow("keypad +") << Qt::Key_Plus << keypad << QStringLiteral("XXX")
+                              << QStringLiteral("Označuji všechny zdroje…");
+    QTest::newRow("keypad -") << Qt::Key_Minus << keypad << QStringLiteral("---") << unmarking;
+    QTest::newRow("Ctrl+Shift+A") << Qt::Key_A << (control | Qt::ShiftModifier) << QStringLiteral("---") << unmarking;
+}
+
+void SourceListKeysTest::keysForAllMarks()
+{
+    QFETCH(const Qt::Key, pressed);
+    QFETCH(const Qt::KeyboardModifiers, modifiers);
+    QFETCH(const QString, marks);
+    QFETCH(const QString, status);
     showNumbers({1, 2, 3});
     harness().mark(QStringLiteral("X--"));
     const StatusSpy spy(harness().window());
-    key(Qt::Key_Asterisk, Qt::KeypadModifier);
-    QCOMPARE(harness().marks(), QStringLiteral("-XX"));
-    QCOMPARE(spy.texts().value(0), QStringLiteral("Inveruji vybrané zdroje…"));
-    QCOMPARE(harness().status().text(), QString());
-}
-
-void SourceListKeysTest::keypadPlusMarksAll()
-{
-    showNumbers({1, 2, 3});
-    harness().mark(QStringLiteral("X--"));
-    const StatusSpy spy(harness().window());
-    key(Qt::Key_Plus, Qt::KeypadModifier);
-    QCOMPARE(harness().marks(), QStringLiteral("XXX"));
-    QCOMPARE(spy.texts().value(0), QStringLiteral("Označuji všechny zdroje…"));
-    QCOMPARE(harness().status().text(), QString());
-}
-
-void SourceListKeysTest::keypadMinusUnmarksAll()
-{
-    showNumbers({1, 2, 3});
-    harness().mark(QStringLiteral("X-X"));
-    const StatusSpy spy(harness().window());
-    key(Qt::Key_Minus, Qt::KeypadModifier);
-    QCOMPARE(harness().marks(), QStringLiteral("---"));
-    QCOMPARE(spy.texts().value(0), QStringLiteral("Ruším označení všech zdrojů…"));
+    key(pressed, modifiers);
+    QCOMPARE(harness().marks(), marks);
+    QCOMPARE(spy.texts().value(0), status);
     QCOMPARE(harness().status().text(), QString());
 }
 
