@@ -1,0 +1,233 @@
+#include "look_checks.h"
+
+#include "contrast.h"
+#include "shown_texts.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QHash>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSizeGrip>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QToolButton>
+
+#include <algorithm>
+
+namespace korvex {
+
+namespace {
+
+constexpr double readable = 4.5;   // of text
+constexpr double visible = 3.0;    // of pictures
+constexpr double leastPart = 0.1;  // of a picture's place, for strokes to be seen
+
+QString nameOf(const QWidget& widget)
+{
+    for (const QWidget* named = &widget; named != nullptr; named = named->parentWidget()) {
+        if (!named->objectName().isEmpty() && !named->objectName().startsWith(QStringLiteral("qt_")))
+            return named->objectName();
+    }
+    return QLatin1String(widget.metaObject()->className());
+}
+
+QString line(const QString& what, const QWidget& widget, const QString& text, const QString& numbers)
+{
+    return QStringLiteral("%1: %2 \"%3\" %4").arg(what, nameOf(widget), text.left(40), numbers);
+}
+
+/// The dots of a place of the window, in the picture.
+QRect inPicture(const QImage& picture, const QRect& place)
+{
+    const double scale = picture.devicePixelRatio();
+    const QRectF scaled(place.x() * scale, place.y() * scale, place.width() * scale, place.height() * scale);
+    return scaled.toAlignedRect() & picture.rect();
+}
+
+QHash<QRgb, int> coloursOf(const QImage& picture, const QRect& place)
+{
+    QHash<QRgb, int> colours;
+    const QRect dots = inPicture(picture, place);
+    for (int y = dots.top(); y <= dots.bottom(); ++y) {
+        for (int x = dots.left(); x <= dots.right(); ++x)
+            ++colours[picture.pixel(x, y)];
+    }
+    return colours;
+}
+
+QColor commonest(const QHash<QRgb, int>& colours)
+{
+    QRgb found = 0;
+    int most = 0;
+    for (auto colour = colours.begin(); colour != colours.end(); ++colour) {
+        if (colour.value() > most) {
+            most = colour.value();
+            found = colour.key();
+        }
+    }
+    return QColor::fromRgb(found);
+}
+
+/// What the contrast in a place has to be. Desktops choose what they lay under selected text, and some choose too light
+/// a colour: there a window cannot do better than they do.
+double enough(const QHash<QRgb, int>& colours, const QPalette& palette)
+{
+    const QColor highlight = palette.color(QPalette::Highlight);
+    if (!colours.contains(highlight.rgb()))
+        return readable;
+    return std::min(readable, contrastOf(highlight, palette.color(QPalette::HighlightedText)));
+}
+
+bool isFaint(const QImage& picture, const QRect& place, const QPalette& palette)
+{
+    const QHash<QRgb, int> colours = coloursOf(picture, place);
+    const QColor ground = commonest(colours);
+    double strongest = 1.0;
+    for (auto colour = colours.begin(); colour != colours.end(); ++colour)
+        strongest = std::max(strongest, contrastOf(ground, QColor::fromRgb(colour.key())));
+    constexpr double rounding = 0.02;
+    return strongest < enough(colours, palette) - rounding;
+}
+
+/// Thin strokes are drawn paler than their colour; enlarged they are not.
+QImage enlarged(QWidget& window)
+{
+    constexpr int scale = 4;
+    QImage picture(window.size() * scale, QImage::Format_RGB32);
+    picture.setDevicePixelRatio(scale);
+    window.render(&picture);
+    return picture;
+}
+
+/// Made of parts that overlap by the toolkit's own design, or that lay one thing over another.
+bool isOneControl(const QWidget& widget)
+{
+    return qobject_cast<const QAbstractScrollArea*>(&widget) != nullptr
+        || qobject_cast<const QTabWidget*>(&widget) != nullptr || qobject_cast<const QTabBar*>(&widget) != nullptr
+        || qobject_cast<const QComboBox*>(&widget) != nullptr
+        || qobject_cast<const QLineEdit*>(&widget) != nullptr
+        // The title of the box about the program lies over its shadow.
+        || widget.findChild<QLabel*>(QStringLiteral("lbStin"), Qt::FindDirectChildrenOnly) != nullptr;
+}
+
+QList<QWidget*> visibleChildren(const QWidget& widget)
+{
+    QList<QWidget*> children;
+    for (QWidget* const child : widget.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        if (child->isVisible() && !child->isWindow() && qobject_cast<QSizeGrip*>(child) == nullptr
+            && !child->geometry().isEmpty())
+            children.append(child);
+    }
+    return children;
+}
+
+void findMisplaced(const QWidget& widget, QStringList& findings)
+{
+    if (isOneControl(widget))
+        return;
+    const QList<QWidget*> children = visibleChildren(widget);
+    for (qsizetype i = 0; i < children.size(); ++i) {
+        if (!widget.rect().contains(children[i]->geometry()))
+            findings << line(QStringLiteral("out of its place"), *children[i], {}, nameOf(widget));
+        for (qsizetype j = i + 1; j < children.size(); ++j) {
+            if (children[i]->geometry().intersects(children[j]->geometry()))
+                findings << line(QStringLiteral("overlap"), *children[i], {}, nameOf(*children[j]));
+        }
+        findMisplaced(*children[i], findings);
+    }
+}
+
+void judgePicture(
+    const QWidget& widget, const QString& text, const QRect& place, const QImage& picture, QStringList& findings)
+{
+    const QRect inWindow = visiblePart(widget, place).translated(widget.mapTo(widget.window(), QPoint()));
+    const double part = standingOut(picture, inWindow);
+    if (part < leastPart)
+        findings << line(QStringLiteral("faint picture"), widget, text, QString::number(part, 'f', 2));
+}
+
+}  // namespace
+
+QStringList cutTexts(const QWidget& window)
+{
+    QStringList findings;
+    for (const ShownText& shown : shownTexts(window)) {
+        if (shown.place.width() >= shown.need.width() && shown.place.height() >= shown.need.height())
+            continue;
+        const QString numbers = QStringLiteral("%1x%2 of %3x%4")
+                                    .arg(shown.place.width())
+                                    .arg(shown.place.height())
+                                    .arg(shown.need.width())
+                                    .arg(shown.need.height());
+        findings << line(QStringLiteral("cut"), *shown.widget, shown.text, numbers);
+    }
+    return findings;
+}
+
+QStringList misplacedWidgets(const QWidget& window)
+{
+    QStringList findings;
+    findMisplaced(window, findings);
+    return findings;
+}
+
+QStringList faintTexts(QWidget& window, const QImage& picture)
+{
+    QStringList findings;
+    QImage closer;
+    for (const ShownText& shown : shownTexts(window)) {
+        const QRect place = shown.place.translated(shown.widget->mapTo(&window, QPoint()));
+        if (!shown.canBeUsed || place.isEmpty() || !isFaint(picture, place, shown.widget->palette()))
+            continue;
+        if (closer.isNull())
+            closer = enlarged(window);
+        if (isFaint(closer, place, shown.widget->palette()))
+            findings << line(QStringLiteral("faint"), *shown.widget, shown.text, {});
+    }
+    return findings;
+}
+
+QStringList faintPictures(const QWidget& window, const QImage& picture)
+{
+    QStringList findings;
+    for (const QWidget* const widget : window.findChildren<QWidget*>()) {
+        if (!widget->isVisible() || !widget->isEnabled() || widget->window() != &window)
+            continue;
+        if (const auto* const label = qobject_cast<const QLabel*>(widget)) {
+            if (!label->pixmap().isNull())
+                judgePicture(*label, {}, label->contentsRect(), picture, findings);
+        } else if (const auto* const button = qobject_cast<const QToolButton*>(widget)) {
+            constexpr int edge = 3;
+            QRect place = button->rect().adjusted(edge, edge, -edge, -edge);
+            if (button->toolButtonStyle() == Qt::ToolButtonTextBesideIcon)
+                place.setWidth(button->iconSize().width());
+            if (!button->icon().isNull())
+                judgePicture(*button, button->text(), place, picture, findings);
+        } else if (const auto* const view = qobject_cast<const QAbstractItemView*>(widget)) {
+            for (int row = 0; view->model() != nullptr && row < view->model()->rowCount(view->rootIndex()); ++row) {
+                const QModelIndex index = view->model()->index(row, 0, view->rootIndex());
+                QRect place = view->visualRect(index).adjusted(2, 2, -2, -2);
+                place.setWidth(smallIconSize(*view));
+                if (index.data(Qt::DecorationRole).isValid() && view->viewport()->rect().contains(place))
+                    judgePicture(*view->viewport(), index.data().toString(), place, picture, findings);
+            }
+        }
+    }
+    return findings;
+}
+
+double standingOut(const QImage& picture, const QRect& place)
+{
+    const QHash<QRgb, int> colours = coloursOf(picture, place);
+    const QColor ground = commonest(colours);
+    double all = 0;
+    double telling = 0;
+    for (auto colour = colours.begin(); colour != colours.end(); ++colour) {
+        all += colour.value();
+        telling += contrastOf(ground, QColor::fromRgb(colour.key())) >= visible ? colour.value() : 0;
+    }
+    return all > 0 ? telling / all : 0;
+}
+
+}  // namespace korvex
