@@ -1,5 +1,5 @@
 // The window of the help: contents, page, search, ways back and forth, all of it by keyboard.
-#include "contrast.h"
+#include "colour_contrast.h"
 #include "dialog_checks.h"
 #include "window_harness.h"
 
@@ -518,7 +518,7 @@ void HelpViewerTest::linksCanBeReadInEveryPalette()
     parts->viewer.open(contentsHelpPage);
     const QColor shown = linkColourOn(parts->page());
     QVERIFY(shown.isValid());
-    QVERIFY2(contrastOf(shown, base) >= 4.5, qPrintable(shown.name()));
+    QVERIFY2(contrast(shown, base) >= 4.5, qPrintable(shown.name()));
     QCOMPARE(shown == link, isKept);
 }
 

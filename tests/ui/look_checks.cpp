@@ -1,14 +1,20 @@
 #include "look_checks.h"
 
-#include "contrast.h"
+#include "colour_contrast.h"
 #include "shown_texts.h"
 
 #include <QAbstractItemView>
+#include <QCheckBox>
 #include <QComboBox>
+#include <QFileDialog>
 #include <QHash>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QSizeGrip>
+#include <QStyle>
+#include <QStyleOptionButton>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
@@ -21,6 +27,8 @@ namespace {
 
 constexpr double readable = 4.5;   // of text
 constexpr double visible = 3.0;    // of pictures
+constexpr double seenEdge = 1.6;   // as light themes draw it
+constexpr int iconMargin = 3;      // of a button
 constexpr double leastPart = 0.1;  // of a picture's place, for strokes to be seen
 
 QString nameOf(const QWidget& widget)
@@ -76,7 +84,7 @@ double enough(const QHash<QRgb, int>& colours, const QPalette& palette)
     const QColor highlight = palette.color(QPalette::Highlight);
     if (!colours.contains(highlight.rgb()))
         return readable;
-    return std::min(readable, contrastOf(highlight, palette.color(QPalette::HighlightedText)));
+    return std::min(readable, contrast(highlight, palette.color(QPalette::HighlightedText)));
 }
 
 bool isFaint(const QImage& picture, const QRect& place, const QPalette& palette)
@@ -85,7 +93,7 @@ bool isFaint(const QImage& picture, const QRect& place, const QPalette& palette)
     const QColor ground = commonest(colours);
     double strongest = 1.0;
     for (auto colour = colours.begin(); colour != colours.end(); ++colour)
-        strongest = std::max(strongest, contrastOf(ground, QColor::fromRgb(colour.key())));
+        strongest = std::max(strongest, contrast(ground, QColor::fromRgb(colour.key())));
     constexpr double rounding = 0.02;
     return strongest < enough(colours, palette) - rounding;
 }
@@ -138,6 +146,24 @@ void findMisplaced(const QWidget& widget, QStringList& findings)
     }
 }
 
+/// Where the edge of a control is that has one.
+QRect edgeOf(const QWidget& widget)
+{
+    QStyleOptionButton option;
+    option.initFrom(&widget);
+    if (qobject_cast<const QCheckBox*>(&widget) != nullptr)
+        return widget.style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, &widget);
+    if (qobject_cast<const QRadioButton*>(&widget) != nullptr)
+        return widget.style()->subElementRect(QStyle::SE_RadioButtonIndicator, &option, &widget);
+    const auto* const view = qobject_cast<const QAbstractItemView*>(&widget);
+    const bool isField = qobject_cast<const QLineEdit*>(&widget) != nullptr
+        && qobject_cast<const QComboBox*>(widget.parentWidget()) == nullptr;
+    const bool hasEdge = isField || qobject_cast<const QPushButton*>(&widget) != nullptr
+        || qobject_cast<const QComboBox*>(&widget) != nullptr
+        || (view != nullptr && view->frameShape() != QFrame::NoFrame);
+    return hasEdge ? widget.rect() : QRect();
+}
+
 void judgePicture(
     const QWidget& widget, const QString& text, const QRect& place, const QImage& picture, QStringList& findings)
 {
@@ -188,6 +214,28 @@ QStringList faintTexts(QWidget& window, const QImage& picture)
     return findings;
 }
 
+QStringList hiddenEdges(const QWidget& window, const QImage& picture)
+{
+    QStringList findings;
+    for (const QWidget* const widget : window.findChildren<QWidget*>()) {
+        const bool isSeen = widget->isVisible() && widget->isEnabled() && widget->window() == &window;
+        const QRect edge = isSeen ? edgeOf(*widget).translated(widget->mapTo(&window, QPoint())) : QRect();
+        constexpr int away = 2;
+        // The outside, the edge and a little of the inside.
+        const QRect across(edge.left() - away, edge.center().y(), 2 * away + 1, 1);
+        if (edge.isEmpty() || !window.rect().contains(across))
+            continue;
+        const QRect dots = inPicture(picture, across);
+        const QColor outside = picture.pixelColor(dots.topLeft());
+        double strongest = 1.0;
+        for (int x = dots.left(); x <= dots.right(); ++x)
+            strongest = std::max(strongest, contrast(outside, picture.pixelColor(x, dots.top())));
+        if (strongest < seenEdge)
+            findings << line(QStringLiteral("no edge"), *widget, {}, QString::number(strongest, 'f', 2));
+    }
+    return findings;
+}
+
 QStringList faintPictures(const QWidget& window, const QImage& picture)
 {
     QStringList findings;
@@ -198,13 +246,14 @@ QStringList faintPictures(const QWidget& window, const QImage& picture)
             if (!label->pixmap().isNull())
                 judgePicture(*label, {}, label->contentsRect(), picture, findings);
         } else if (const auto* const button = qobject_cast<const QToolButton*>(widget)) {
-            constexpr int edge = 3;
-            QRect place = button->rect().adjusted(edge, edge, -edge, -edge);
+            QRect place(QPoint(), button->iconSize());
+            place.moveCenter(button->rect().center());
             if (button->toolButtonStyle() == Qt::ToolButtonTextBesideIcon)
-                place.setWidth(button->iconSize().width());
+                place.moveLeft(iconMargin);
             if (!button->icon().isNull())
                 judgePicture(*button, button->text(), place, picture, findings);
-        } else if (const auto* const view = qobject_cast<const QAbstractItemView*>(widget)) {
+        } else if (const auto* const view = qobject_cast<const QAbstractItemView*>(widget);
+                   view != nullptr && qobject_cast<const QFileDialog*>(&window) == nullptr) {
             for (int row = 0; view->model() != nullptr && row < view->model()->rowCount(view->rootIndex()); ++row) {
                 const QModelIndex index = view->model()->index(row, 0, view->rootIndex());
                 QRect place = view->visualRect(index).adjusted(2, 2, -2, -2);
@@ -225,7 +274,7 @@ double standingOut(const QImage& picture, const QRect& place)
     double telling = 0;
     for (auto colour = colours.begin(); colour != colours.end(); ++colour) {
         all += colour.value();
-        telling += contrastOf(ground, QColor::fromRgb(colour.key())) >= visible ? colour.value() : 0;
+        telling += contrast(ground, QColor::fromRgb(colour.key())) >= visible ? colour.value() : 0;
     }
     return all > 0 ? telling / all : 0;
 }

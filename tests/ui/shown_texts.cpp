@@ -93,10 +93,12 @@ private:
     }
     void lookAt(const QToolButton& button)
     {
-        const bool showsText = button.toolButtonStyle() != Qt::ToolButtonIconOnly || button.icon().isNull();
-        // The icon and the room round the text are not ours to know.
-        if (showsText)
-            add(button, button.text(), button.rect(), button.sizeHint());
+        constexpr int edge = 3;
+        QRect place = button.rect().adjusted(edge, edge, -edge, -edge);
+        if (button.toolButtonStyle() == Qt::ToolButtonTextBesideIcon)
+            place.setLeft(place.left() + button.iconSize().width());
+        if (button.toolButtonStyle() != Qt::ToolButtonIconOnly || button.icon().isNull())
+            add(button, button.text(), place, sizeOf(button, button.text()));
     }
     void lookAt(const QAbstractButton& button)
     {

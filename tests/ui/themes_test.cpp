@@ -19,7 +19,9 @@
 #include <QMessageBox>
 #include <QPixmap>
 #include <QProgressBar>
+#include <QScrollBar>
 #include <QTabWidget>
+#include <QTextBrowser>
 
 namespace korvex {
 
@@ -94,14 +96,16 @@ private:
     {
         QCoreApplication::processEvents();
         const QImage picture = window.grab().toImage();
+        constexpr int quickly = 80;  // and not as small as can be
         const QString scale = picture.devicePixelRatio() > 1 ? QStringLiteral("-200") : QString();
         const QString folder = drawn + QLatin1String(QTest::currentDataTag()) + scale;
         QVERIFY(QDir().mkpath(folder));
-        QVERIFY(picture.save(folder + QLatin1Char('/') + name + QStringLiteral(".png")));
+        QVERIFY(picture.save(folder + QLatin1Char('/') + name + QStringLiteral(".png"), nullptr, quickly));
         note(name, cutTexts(window));
         note(name, misplacedWidgets(window));
         note(name, faintTexts(window, picture));
         note(name, faintPictures(window, picture));
+        note(name, hiddenEdges(window, picture));
     }
     /// The same, and once more as small as the window can be made.
     void lookAtDialog(QWidget& dialog, const QString& name)
@@ -270,9 +274,14 @@ void ThemesTest::help()
         {contentsHelpPage, QStringLiteral("frmBodovyZdroj"), QStringLiteral("soubory"), QStringLiteral("About")}) {
         viewer.open(page);
         look(viewer, QStringLiteral("HelpViewer-") + page);
+        if (child<QTextBrowser>(viewer, "page").horizontalScrollBar()->maximum() > 0)
+            note(page, {QStringLiteral("wider than the window")});
     }
     field(viewer, "question").setText(QStringLiteral("prach"));
     QTest::keyClick(&field(viewer, "question"), Qt::Key_Return);
+    // The cross that clears the field fades in.
+    constexpr int fading = 250;
+    QTest::qWait(fading);
     look(viewer, QStringLiteral("HelpViewer-search"));
     judge();
 }
@@ -333,35 +342,39 @@ void ThemesTest::fileDialogs()
 void ThemesTest::themeChangesUnderOpenWindows()
 {
     QFETCH(const Theme, theme);
-    const auto change = [theme](QWidget& window, QStringList& findings) {
-        const Theme other = theme == Theme::Light ? Theme::Dark : Theme::Light;
-        QApplication::setPalette(paletteOf(other));
-        QCoreApplication::processEvents();
+    const auto begin
+        = [theme] { QApplication::setPalette(paletteOf(theme == Theme::Light ? Theme::Dark : Theme::Light)); };
+    const auto change = [this, theme](QWidget& window) {
         QApplication::setPalette(paletteOf(theme));
         QCoreApplication::processEvents();
         const QImage picture = window.grab().toImage();
-        findings << faintTexts(window, picture) << faintPictures(window, picture);
+        note(window.objectName(), faintTexts(window, picture));
+        note(window.objectName(), faintPictures(window, picture));
+        note(window.objectName(), hiddenEdges(window, picture));
     };
     QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), usualPoints));
-    QApplication::setPalette(paletteOf(theme == Theme::Light ? Theme::Dark : Theme::Light));
+    begin();
     openTown();
-    change(harness().window(), m_findings);
-    harness().dialogs.useNext(QStringLiteral("frmBodovyZdroj"), [&](QDialog& editor) {
+    change(harness().window());
+    begin();
+    harness().dialogs.useNext(QStringLiteral("frmBodovyZdroj"), [&change](QDialog& editor) {
         tabs(editor).setCurrentIndex(DescriptionTab);
-        change(editor, m_findings);
+        change(editor);
         editor.reject();
     });
     harness().clickRow(0);
     harness().item("mnuVNastavZdroj").trigger();
-    harness().dialogs.useNext(QStringLiteral("frmSkupinyPrachu"), [&](QDialog& dialog) {
+    begin();
+    harness().dialogs.useNext(QStringLiteral("frmSkupinyPrachu"), [&change](QDialog& dialog) {
         chooseGroup(dialog);
-        change(dialog, m_findings);
+        change(dialog);
         dialog.reject();
     });
     harness().item("mnuSkupinyPrachu").trigger();
+    begin();
     HelpViewer viewer(harness().settings);
     viewer.open(QStringLiteral("frmBodovyZdroj"));
-    change(viewer, m_findings);
+    change(viewer);
     judge();
 }
 
