@@ -25,10 +25,11 @@ namespace korvex {
 
 namespace {
 
-constexpr double readable = 4.5;   // of text
-constexpr double visible = 3.0;    // of pictures
-constexpr double seenEdge = 1.6;   // as light themes draw it
-constexpr int iconMargin = 3;      // of a button
+constexpr double readable = 4.5;  // of text
+constexpr double visible = 3.0;   // of pictures
+constexpr double seenEdge = 1.6;  // as light themes draw it
+constexpr int iconMargin = 3;     // of a button
+constexpr QRgb fullyOpaque = 0xff000000;
 constexpr double leastPart = 0.1;  // of a picture's place, for strokes to be seen
 
 QString nameOf(const QWidget& widget)
@@ -53,13 +54,20 @@ QRect inPicture(const QImage& picture, const QRect& place)
     return scaled.toAlignedRect() & picture.rect();
 }
 
+/// The picture has four bytes a dot, as all of a window have.
 QHash<QRgb, int> coloursOf(const QImage& picture, const QRect& place)
 {
     QHash<QRgb, int> colours;
     const QRect dots = inPicture(picture, place);
     for (int y = dots.top(); y <= dots.bottom(); ++y) {
-        for (int x = dots.left(); x <= dots.right(); ++x)
-            ++colours[picture.pixel(x, y)];
+        const auto* const row = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
+        // Most dots are coloured as the one before them.
+        for (int x = dots.left(); x <= dots.right();) {
+            const int first = x;
+            while (x <= dots.right() && row[x] == row[first])
+                ++x;
+            colours[row[first] | fullyOpaque] += x - first;
+        }
     }
     return colours;
 }
