@@ -1,8 +1,9 @@
 #include "czech_toolkit.h"
 
+#include "desktop_style.h"
+
 #include <QApplication>
 #include <QLocale>
-#include <QProxyStyle>
 #include <QTranslator>
 
 #include <array>
@@ -47,23 +48,6 @@ public:
     }
 };
 
-/// Some desktops turn the order of buttons round.
-class ButtonOrderStyle : public QProxyStyle {
-public:
-    using QProxyStyle::QProxyStyle;
-
-    [[nodiscard]] int styleHint(
-        StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* returnData) const override
-    {
-        if (hint == SH_DialogButtonLayout)
-            return 0;  // Ok left of Storno (QDialogButtonBox::WinLayout)
-        // Only the toolkit's own buttons have icons; ours have none, on any desktop.
-        if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
-            return 0;
-        return QProxyStyle::styleHint(hint, option, widget, returnData);
-    }
-};
-
 }  // namespace
 
 void prepareToolkit()
@@ -80,7 +64,7 @@ void makeToolkitCzech(QApplication& application)
     if (texts->load(QStringLiteral(":/translations/qtbase_cs.qm")))
         QApplication::installTranslator(texts);
     QApplication::installTranslator(new OwnTranslator(&application));
-    QApplication::setStyle(new ButtonOrderStyle);
+    QApplication::setStyle(new DesktopStyle);
 }
 
 }  // namespace korvex

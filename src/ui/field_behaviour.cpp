@@ -81,6 +81,32 @@ private:
     bool (*m_accepts)(int);
 };
 
+/// The ground of a field that only shows: the window's, and the new one when the desktop changes its colours.
+class WindowGround : public QObject {
+public:
+    explicit WindowGround(QLineEdit& field) : QObject(&field), m_field(field) { take(); }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::PaletteChange && m_field.isReadOnly())
+            take();
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    void take()
+    {
+        QPalette palette = m_field.palette();
+        if (palette.base() == palette.window())
+            return;
+        palette.setBrush(QPalette::Base, palette.window());
+        m_field.setPalette(palette);
+    }
+
+    QLineEdit& m_field;
+};
+
 void bringBeforeUser(QWidget& field)
 {
     for (QWidget* page = &field; page != nullptr && !page->isWindow(); page = page->parentWidget()) {
@@ -114,9 +140,7 @@ void filterKeys(QLineEdit& field, bool (*accepts)(int keyCode))
 void showOnly(QLineEdit& field)
 {
     field.setReadOnly(true);
-    QPalette palette = field.palette();
-    palette.setBrush(QPalette::Base, palette.window());
-    field.setPalette(palette);
+    field.installEventFilter(new WindowGround(field));
 }
 
 void SelectAllText(QLineEdit& field)

@@ -1,5 +1,6 @@
 #include "help_browser.h"
 
+#include "colour_contrast.h"
 #include "focus_outline.h"
 #include "help_pages.h"
 #include "help_search.h"
@@ -14,42 +15,17 @@
 #include <QTextCursor>
 
 #include <algorithm>
-#include <cmath>
 
 namespace korvex {
 
 namespace {
 
-/// The brightness that the eye sees, 0 to 1, as the accessibility guidelines for web pages define it.
-double luminance(const QColor& colour)
-{
-    const auto linear
-        = [](double part) { return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4); };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor& one, const QColor& other)
-{
-    constexpr double flare = 0.05;
-    const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
-    return (lighter + flare) / (darker + flare);
-}
-
-QColor mixed(const QColor& one, const QColor& other, double shareOfOther)
-{
-    const auto mix = [shareOfOther](int a, int b) { return static_cast<int>(std::lround(a + (b - a) * shareOfOther)); };
-    return {mix(one.red(), other.red()), mix(one.green(), other.green()), mix(one.blue(), other.blue())};
-}
-
 /// The palette's colour of links. Dark themes often leave it at dark blue: then it is drawn towards the colour of text.
 QColor linkColour(const QPalette& palette)
 {
     constexpr double readable = 4.5;
-    constexpr int steps = 10;
-    QColor colour = palette.color(QPalette::Link);
-    for (int step = 1; step <= steps && contrast(colour, palette.color(QPalette::Base)) < readable; ++step)
-        colour = mixed(palette.color(QPalette::Link), palette.color(QPalette::Text), 1.0 * step / steps);
-    return colour;
+    return drawnTowards(
+        palette.color(QPalette::Link), palette.color(QPalette::Text), {palette.color(QPalette::Base)}, readable);
 }
 
 /// A page without the pictures that there are none of.
@@ -187,8 +163,9 @@ QVariant HelpBrowser::loadResource(int type, const QUrl& name)
         return withoutMissingPictures(QString::fromUtf8(resource.toByteArray()));
     if (type == QTextDocument::ImageResource) {
         QImage image;
-        const int room = viewport()->width() - 2 * static_cast<int>(document()->documentMargin())
-            - 2 * fontMetrics().averageCharWidth();
+        // The bar comes when the page has been read, and takes its room then.
+        const int room = width() - 2 * frameWidth() - verticalScrollBar()->sizeHint().width()
+            - 2 * static_cast<int>(document()->documentMargin()) - 2 * fontMetrics().averageCharWidth();
         if (image.loadFromData(resource.toByteArray()) && image.width() > room && room > 0)
             return image.scaledToWidth(room, Qt::SmoothTransformation);
     }

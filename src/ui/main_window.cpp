@@ -10,6 +10,7 @@
 #include "help_key.h"
 #include "load_save.h"
 #include "message_boxes.h"
+#include "number_text.h"
 #include "options_dialog.h"
 #include "settings.h"
 #include "source_commands.h"
@@ -27,6 +28,7 @@
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QStatusBar>
+#include <QStyle>
 
 #include <algorithm>
 #include <array>
@@ -38,6 +40,16 @@ namespace {
 
 /// The stored widths are in twips, 1440 to the inch; a pixel of a layout is a 96th of an inch.
 constexpr int twipsPerPixel = 15;
+
+/// What the column of numbers needs to show them whole, with their icons.
+int widthOfNumbers(const QWidget& list)
+{
+    const QString number = QString::fromStdString(integerText(0, Pattern::SourceNumber));
+    const int margin = list.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &list) + 1;
+    // Both the icon and the text have a margin on either side.
+    return list.style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, &list)
+        + list.fontMetrics().horizontalAdvance(number) + 4 * margin;
+}
 
 constexpr std::size_t fewestToCheck = 2;  // a single source has no duplicate
 
@@ -128,8 +140,11 @@ void frmKORVEXZDR::applyColumnWidths()
 {
     QHeaderView* const header = lsvZdroje->horizontalHeader();
     const int smallest = header->minimumSectionSize();
-    header->resizeSection(
-        SourceListModel::NumberColumn, std::max(m_shell.globals.numberColumnWidth / twipsPerPixel, smallest));
+    int numberWidth = std::max(m_shell.globals.numberColumnWidth / twipsPerPixel, smallest);
+    // The width to begin with is for the usual font; one that the user chose stays.
+    if (m_shell.globals.numberColumnWidth == Globals().numberColumnWidth)
+        numberWidth = std::max(numberWidth, widthOfNumbers(*lsvZdroje));
+    header->resizeSection(SourceListModel::NumberColumn, numberWidth);
     header->resizeSection(
         SourceListModel::NameColumn, std::max(m_shell.globals.nameColumnWidth / twipsPerPixel, smallest));
 }

@@ -1,9 +1,7 @@
 // The pictures of the help and the README are the windows as they are: draws every window anew and compares. What was
 // drawn is in build/…/pictures; with KORVEX_UPDATE_PICTURES set it takes the place of the pictures of the help.
-#include "dialog_checks.h"
-#include "source_editor_test.h"
+#include "example_town_test.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QDir>
 #include <QFontInfo>
@@ -39,7 +37,7 @@ double difference(const QImage& a, const QImage& b)
 
 }  // namespace
 
-class HelpPicturesTest : public SourceEditorTest {
+class HelpPicturesTest : public ExampleTownTest {
     Q_OBJECT
 
 private slots:
@@ -55,22 +53,15 @@ private slots:
     void everyPictureIsDrawnHere();
 
 private:
-    /// The example town, in a folder that any user could have.
+    /// The pictures were drawn with this font.
     void openTown()
     {
         const QFont font(QStringLiteral("DejaVu Sans"), 9);
         if (!QFontInfo(font).exactMatch() || QFontInfo(font).family() != QStringLiteral("DejaVu Sans"))
             QSKIP("The font of the pictures is not here.");
         QApplication::setFont(font);
-        globals().noDust = 0;
-        globals().decimalSeparator = ",";
-        const QString examples = QStringLiteral(KORVEX_SOURCE_DIR "/examples/");
-        harness().start(
-            QStringLiteral("\"%1body.txt\" \"%1popis.txt\" \"%1prach.txt\" \"%1skupiny.spr\"").arg(examples));
-        globals().files = {town("body.txt"), town("popis.txt"), town("prach.txt")};
+        ExampleTownTest::openTown();
     }
-    static std::string town(const char* name) { return std::string("/home/jana/brlozdin/") + name; }
-
     void compare(QWidget& window)
     {
         // A cursor that blinks and a focus that comes late would make pictures of chance.
@@ -150,9 +141,7 @@ void HelpPicturesTest::dustGroups()
 {
     openTown();
     harness().dialogs.useNext(QStringLiteral("frmSkupinyPrachu"), [this](QDialog& dialog) {
-        auto& list = child<QAbstractItemView>(dialog, "lstSkupiny");
-        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(list.model()->index(1, 0)).center());
-        field(dialog, "txtFile").setText(QString::fromStdString(town("skupiny.spr")));
+        chooseGroup(dialog);
         compare(dialog);
         dialog.reject();
     });

@@ -1,4 +1,5 @@
 // The window of the help: contents, page, search, ways back and forth, all of it by keyboard.
+#include "colour_contrast.h"
 #include "dialog_checks.h"
 #include "window_harness.h"
 
@@ -472,21 +473,6 @@ void HelpViewerTest::everyFocusableWidgetHasAName()
 
 namespace {
 
-/// Of web pages: brightness as the eye sees it.
-double brightness(const QColor& colour)
-{
-    const auto linear
-        = [](double part) { return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4); };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
-}
-
-double contrastOf(const QColor& one, const QColor& other)
-{
-    const double a = brightness(one);
-    const double b = brightness(other);
-    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
-}
-
 QColor linkColourOn(const QTextBrowser& page)
 {
     for (QTextBlock block = page.document()->begin(); block.isValid(); block = block.next()) {
@@ -532,7 +518,7 @@ void HelpViewerTest::linksCanBeReadInEveryPalette()
     parts->viewer.open(contentsHelpPage);
     const QColor shown = linkColourOn(parts->page());
     QVERIFY(shown.isValid());
-    QVERIFY2(contrastOf(shown, base) >= 4.5, qPrintable(shown.name()));
+    QVERIFY2(contrast(shown, base) >= 4.5, qPrintable(shown.name()));
     QCOMPARE(shown == link, isKept);
 }
 

@@ -5,6 +5,8 @@
 #include <QAccessibleInterface>
 #include <QApplication>
 #include <QFile>
+#include <QFont>
+#include <QFontMetrics>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -59,6 +61,7 @@ private slots:
     void columnTitles();
     void columnWidthsComeFromTheSettingsInTwips();
     void columnWidthsByDefault();
+    void numbersAreWholeInALargeFontUnlessTheUserChoseAWidth();
     void columnWidthTooSmallToGrabIsWidened();
     void fileFilterIsTheSameForAllThreeFiles();
     void defaultExtensionOfAllThreeFilesIsTxt();
@@ -182,6 +185,22 @@ void MainWindowTest::columnWidthsByDefault()
 {
     QCOMPARE(harness().header().sectionSize(0), 1755 / 15);
     QCOMPARE(harness().header().sectionSize(1), 3360 / 15);
+}
+
+void MainWindowTest::numbersAreWholeInALargeFontUnlessTheUserChoseAWidth()
+{
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPointSize(20);
+    QApplication::setFont(large);
+    const auto restore = qScopeGuard([&usual] { QApplication::setFont(usual); });
+    const int needed = QFontMetrics(large).horizontalAdvance(QStringLiteral("000000000"));
+    QVERIFY(needed > 1755 / 15);
+    QVERIFY(harness().header().sectionSize(SourceListModel::NumberColumn) > needed);
+
+    WindowHarness chosen;
+    chosen.settings.save(QStringLiteral("Tabulky"), QStringLiteral("Tab1Sl1"), QStringLiteral("1500"));
+    QCOMPARE(chosen.header().sectionSize(SourceListModel::NumberColumn), 100);
 }
 
 void MainWindowTest::columnWidthTooSmallToGrabIsWidened()
