@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -90,8 +91,10 @@ TEST(CheckedPoints, NothingIsFoundAmongNone)
 
 TEST(Message, PlacesAreFilledOnceAndInAnyOrder)
 {
-    EXPECT_EQ(filled("{1} of {0}, {2}", {"a", "{0}"}), "{0} of a, {2}");
-    EXPECT_EQ(filled("{", {"a"}), "{");
+    const std::array<std::string_view, 2> values{"a", "{0}"};
+    EXPECT_EQ(filled("{1} of {0}, {2}", values), "{0} of a, {2}");
+    EXPECT_EQ(filled("{", values), "{");
+    EXPECT_EQ(filled("{x}{0}", values), "{x}a");
 }
 
 TEST(Message, LongAndUnprintableTextsAreCut)
