@@ -14,9 +14,8 @@ inline constexpr std::array<RuleText, ruleCount> ruleTexts{{
         "je to jiný ze souborů soupisu. Jeho záznamy se pak nekontrolují a jinde se nehlásí, že chybějí.",
         "The file as a whole is not what belongs in its place: it is empty, in UTF-16, binary, has other line ends, or "
         "is another one of the inventory's files. Its records are then not checked, nor are they missed elsewhere."},
-    {Rule::NumberText, "number-text", RuleGroup::Records, Severity::Error,
-        "{0}: {1} se čte jako {2}; napište jen číslo s desetinnou tečkou",
-        "{0}: {1} is read as {2}; write a number and nothing else, with a decimal point",
+    {Rule::NumberText, "number-text", RuleGroup::Records, Severity::Error, "{0}: {1} se čte jako {2}; napište jen {3}",
+        "{0}: {1} is read as {2}; write {3} and nothing else",
         "Pole má být číslo. Program čte jen číslo, kterým pole začíná; co následuje, přeskočí, a pole, které číslem "
         "nezačíná (i prázdné), je 0. Žádné hlášení přitom nedá. Počet částic a skupina prachu se zaokrouhlí na celé "
         "číslo.",

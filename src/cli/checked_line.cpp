@@ -167,13 +167,30 @@ NumberState checkNumber(Findings& findings, const CheckedLine& line, std::option
         const char* const fault = extent.number.empty() || isFraction ? begin : extent.surplus.data();
         findings.add(Rule::NumberText, line.placeOf(fault), source, [&] {
             const std::string quoted = quotedText(findings.language(), line.decoded(shown));
-            return std::array{nameOf(findings, kind), quoted, kind.pattern ? integerText(readInteger(field)) : *saved};
+            return std::array{nameOf(findings, kind), quoted, kind.pattern ? integerText(readInteger(field)) : *saved,
+                kind.pattern ? findings.text("celé číslo", "a whole number")
+                             : findings.text("číslo s desetinnou tečkou", "a number with a decimal point")};
         });
         return NumberState::Odd;
     }
     if (kind.saved == FieldKind::Saved::Anew && shown != *saved && readReal(shown) != readReal(*saved))
         findings.add(Rule::DigitsLost, line.placeOf(begin), source, values);
     return NumberState::Sound;
+}
+
+bool checkRecordNumber(
+    Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source, std::string_view field)
+{
+    constexpr FieldKind kind{"číslo zdroje", "source number", Pattern::SourceNumber, FieldKind::Saved::AsRead};
+    if (!source) {
+        try {
+            static_cast<void>(readReal(field));
+            return true;
+        } catch (const ArithmeticFault&) {
+            // Reported below: what is no real is no integer either.
+        }
+    }
+    return checkNumber(findings, line, source, field, kind) != NumberState::OutOfRange;
 }
 
 void reportFieldCount(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,

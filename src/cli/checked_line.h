@@ -60,6 +60,12 @@ enum class NumberState {
 NumberState checkNumber(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
     std::string_view field, const FieldKind& kind);
 
+/// Checks the number that a description or dust record is found by; source: that number, if it is a whole one. It is
+/// read as a real, so one that no source can have, such as 12.4 or 7000000001, is nothing worse than of no source.
+/// False: the file cannot be loaded.
+[[nodiscard]] bool checkRecordNumber(
+    Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source, std::string_view field);
+
 /// The fields of a text between commas.
 [[nodiscard]] std::vector<std::string_view> splitFields(std::string_view text);
 

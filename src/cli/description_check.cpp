@@ -20,9 +20,6 @@ namespace korvex {
 namespace {
 
 constexpr std::size_t fieldCount = 10;
-constexpr FieldKind numberKind{"číslo zdroje", "source number", Pattern::SourceNumber};
-constexpr FieldKind keptNumberKind{"číslo zdroje", "source number", Pattern::SourceNumber, FieldKind::Saved::AsRead};
-
 using Symbols = std::array<const char*, fieldCount - 1>;
 constexpr Symbols stackSymbols{"M", "H", "Vs", "ts", "d", "w0", "Alfa", "Pd", ""};
 constexpr Symbols areaSymbols{"ME", "H", "Vs", "ts/Delta h", "d", "w0", "Alfa", "Pd", "Y0"};
@@ -122,9 +119,7 @@ void DescriptionCheck::checkOddRecord(const CheckedLine& line)
 {
     std::vector<std::string_view> fields = splitFields(line.bytes);
     const std::optional<std::int32_t> number = integerOf(fields.front());
-    // A number such as 12.4 is not saved as 12: it belongs to no source.
-    const FieldKind& kind = number ? numberKind : keptNumberKind;
-    if (checkNumber(m_findings, line, number, fields.front(), kind) == NumberState::OutOfRange)
+    if (!checkRecordNumber(m_findings, line, number, fields.front()))
         return;
     CheckedPoint* const point = sourceOf(line, number);
     if (point == nullptr)

@@ -17,7 +17,6 @@ namespace korvex {
 namespace {
 
 constexpr std::size_t numberWidth = 9;
-constexpr FieldKind numberKind{"číslo zdroje", "source number", Pattern::SourceNumber, FieldKind::Saved::AsRead};
 
 bool isNineDigits(std::string_view text)
 {
@@ -100,7 +99,7 @@ void DustCheck::take(const CheckedLine& line)
         number = PlainNumber::take(digits).integer();
     } else {
         number = integerOf(numberField);
-        if (checkNumber(m_findings, line, number, numberField, numberKind) == NumberState::OutOfRange)
+        if (!checkRecordNumber(m_findings, line, number, numberField))
             return;
     }
     CheckedPoint* const point = sourceOf(line, number);

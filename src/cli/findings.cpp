@@ -3,6 +3,7 @@
 #include "message.h"
 
 #include <algorithm>
+#include <iterator>
 #include <tuple>
 #include <utility>
 
@@ -89,15 +90,39 @@ bool Findings::isBefore(Rule rule, const Place& place, const Finding& other)
 
 void Findings::keep(Rule rule, const Place& place, std::optional<std::int32_t> source, const char* values)
 {
-    m_kept.push_back({place, rule, source.has_value(), source.value_or(0), values});
+    const Finding finding{place, rule, source.has_value(), source.value_or(0), values};
+    const auto isOnThisLine
+        = [&place](const Finding& other) { return other.place.line == place.line && other.place.file == place.file; };
+    if (m_kept.empty() || !comesBefore(finding, m_kept.back())) {
+        m_kept.push_back(finding);
+    } else if (isOnThisLine(m_kept.back())) {
+        // Nearly all that are not in order are so on one line only.
+        auto at = m_kept.end();
+        while (at != m_kept.begin() && comesBefore(finding, *std::prev(at)))
+            --at;
+        m_kept.insert(at, finding);
+    } else {
+        m_late.push_back(finding);
+    }
     // Now and then, so that the sorting does not cost much a finding.
-    if (m_most != 0 && m_kept.size() / 2 >= m_most)
+    if (m_most != 0 && (m_kept.size() + m_late.size()) / 2 >= m_most)
         dropBeyondMost();
+}
+
+void Findings::putInOrder()
+{
+    std::stable_sort(m_late.begin(), m_late.end(), comesBefore);
+    const auto inOrder = static_cast<std::ptrdiff_t>(m_kept.size());
+    m_kept.insert(m_kept.end(), m_late.begin(), m_late.end());
+    m_late = {};
+    std::inplace_merge(m_kept.begin(), m_kept.begin() + inOrder, m_kept.end(), comesBefore);
 }
 
 void Findings::dropBeyondMost()
 {
-    std::stable_sort(m_kept.begin(), m_kept.end(), comesBefore);
+    putInOrder();
+    if (m_kept.size() <= m_most)
+        return;
     m_kept.resize(m_most);
     m_last = m_kept.back();
     ValueStore values;
@@ -128,10 +153,10 @@ std::size_t Findings::count(Severity severity) const
 
 const std::deque<Finding>& Findings::sorted()
 {
-    if (m_most != 0 && m_kept.size() > m_most)
+    if (m_most != 0)
         dropBeyondMost();
-    else if (!std::is_sorted(m_kept.begin(), m_kept.end(), comesBefore))
-        std::sort(m_kept.begin(), m_kept.end(), comesBefore);
+    else
+        putInOrder();
     return m_kept;
 }
 

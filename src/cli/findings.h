@@ -136,6 +136,7 @@ private:
     [[nodiscard]] static bool isBefore(Rule rule, const Place& place, const Finding& other);
     void noteChange(const Place& place);
     void keep(Rule rule, const Place& place, std::optional<std::int32_t> source, const char* values);
+    void putInOrder();
     void dropBeyondMost();
 
     Language m_language;
@@ -143,7 +144,8 @@ private:
     RuleSelection m_selection;
     std::array<std::size_t, ruleCount> m_counts{};
     Place m_change;              // the first of its line that a save will change
-    std::deque<Finding> m_kept;  // grows without being copied
+    std::deque<Finding> m_kept;  // in order; grows without being copied
+    std::deque<Finding> m_late;  // come before some of those and are not in order yet
     ValueStore m_values;
     std::optional<Finding> m_last;  // what comes behind it is not kept
 };

@@ -37,6 +37,10 @@ TEST(CheckedLine, OnlyWellFormedUtf8LooksLikeUtf8)
     EXPECT_FALSE(looksLikeUtf8("\xC5"));
     EXPECT_FALSE(looksLikeUtf8("č\xE8"));
     EXPECT_FALSE(looksLikeUtf8("\xC0\x80"));
+    EXPECT_FALSE(looksLikeUtf8("\xE0\x80\x80"));
+    EXPECT_FALSE(looksLikeUtf8("\xED\xA0\x80"));
+    EXPECT_FALSE(looksLikeUtf8("\xF0\x80\x80\x80"));
+    EXPECT_FALSE(looksLikeUtf8("\xF4\x90\x80\x80"));
 }
 
 struct NumberCase {
