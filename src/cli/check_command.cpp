@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -71,20 +73,21 @@ std::string jsonPath(std::string_view path)
     return Json(path).dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
-/// Writes a message as a JSON string. It is UTF-8 without control characters, and with the library a million of them
-/// would take several times as long.
-void putJsonMessage(TextOutput& out, std::string_view message)
+/// Escapes what is behind a place as a JSON string needs it: messages are UTF-8 without control characters, and with
+/// the library a million of them would take several times as long.
+void escapeFrom(std::string& out, std::size_t begin)
 {
-    out << '"';
-    for (;;) {
-        const std::size_t special = std::min(message.find('"'), message.find('\\'));
-        out << message.substr(0, special);
-        if (special == std::string_view::npos)
-            break;
-        out << '\\' << message[special];
-        message.remove_prefix(special + 1);
+    for (const char special : {'\\', '"'}) {
+        for (std::size_t at = out.find(special, begin); at != std::string::npos; at = out.find(special, at + 2))
+            out.insert(at, 1, '\\');
     }
-    out << '"';
+}
+
+void appendNumber(std::string& out, std::int64_t number)
+{
+    std::array<char, 24> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    out.append(digits.data(), static_cast<std::size_t>(end - digits.data()));
 }
 
 /// The part of a finding that is the same for all of a rule.
@@ -106,19 +109,29 @@ void printFindingsAsJson(TextOutput& out, const CheckRequest& request, Findings&
     std::array<std::string, ruleCount> rules;
     for (const RuleText& rule : allRules())
         rules[static_cast<std::size_t>(rule.rule)] = jsonOfRule(rule);
-    const char* separator = "\n    {\n      \"file\": ";
+    std::string item;
     for (const Finding& finding : findings.sorted()) {
-        out << separator << paths[static_cast<std::size_t>(finding.place.file)]
-            << ",\n      \"line\": " << finding.place.line << ",\n      \"column\": " << finding.place.column
-            << rules[static_cast<std::size_t>(finding.rule)];
-        if (finding.hasSource)
-            out << ",\n      \"source\": " << finding.source;
-        out << ",\n      \"message\": ";
-        putJsonMessage(out, findings.message(finding));
-        separator = "\n    },\n    {\n      \"file\": ";
+        item += "\n    {\n      \"file\": ";
+        item += paths[static_cast<std::size_t>(finding.place.file)];
+        item += ",\n      \"line\": ";
+        appendNumber(item, finding.place.line);
+        item += ",\n      \"column\": ";
+        appendNumber(item, finding.place.column);
+        item += rules[static_cast<std::size_t>(finding.rule)];
+        if (finding.hasSource) {
+            item += ",\n      \"source\": ";
+            appendNumber(item, finding.source);
+        }
+        item += ",\n      \"message\": \"";
+        const std::size_t message = item.size();
+        findings.appendMessage(item, finding);
+        escapeFrom(item, message);
+        item += "\"\n    }";
+        out << item;
+        item.assign(1, ',');
     }
     if (!findings.sorted().empty())
-        out << "\n    }\n  ";
+        out << "\n  ";
 }
 
 void printJson(

@@ -5,6 +5,7 @@
 #include "code_page.h"
 #include "fields.h"
 #include "message.h"
+#include "plain_number.h"
 
 #include <algorithm>
 #include <array>
@@ -92,6 +93,14 @@ std::optional<std::string> savedText(std::string_view field, const FieldKind& ki
     }
 }
 
+/// A plain number that a save keeps, as nearly all fields are: nothing to report.
+bool isSound(std::string_view field, const FieldKind& kind)
+{
+    constexpr std::uint64_t mostKept = 9999999;
+    const PlainNumber number = PlainNumber::take(field);
+    return field.empty() && (kind.pattern ? number.isInteger() : number.isSingle() && number.digits <= mostKept);
+}
+
 std::string nameOf(const Findings& findings, const FieldKind& kind)
 {
     return findings.text(kind.czech, kind.english);
@@ -121,9 +130,11 @@ Place CheckedLine::placeOf(const char* at) const
     return {file, number, static_cast<std::uint32_t>(1 + before.size() - static_cast<std::size_t>(hidden))};
 }
 
-std::string CheckedLine::decoded(std::string_view piece) const
+std::string CheckedLine::quoted(Language language, std::string_view piece) const
 {
-    return isUtf8 ? std::string(piece) : decodeCodePage(piece);
+    if (isUtf8 || asciiLength(piece) == piece.size())
+        return quotedText(language, piece);
+    return quotedText(language, decodeCodePage(piece));
 }
 
 NumberExtent NumberExtent::of(std::string_view field)
@@ -146,11 +157,13 @@ std::vector<std::string_view> splitFields(std::string_view text)
 NumberState checkNumber(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
     std::string_view field, const FieldKind& kind)
 {
+    if (isSound(field, kind))
+        return NumberState::Sound;
     const NumberExtent extent = NumberExtent::of(field);
     const std::string_view shown = trimBlanks(field);
     const std::optional<std::string> saved = savedText(field, kind);
     const auto values = [&] {
-        const std::string quoted = quotedText(findings.language(), line.decoded(shown));
+        const std::string quoted = line.quoted(findings.language(), shown);
         return std::array{nameOf(findings, kind), quoted, saved.value_or("")};
     };
     const char* const begin = shown.empty() ? field.data() : shown.data();
@@ -166,7 +179,7 @@ NumberState checkNumber(Findings& findings, const CheckedLine& line, std::option
     if (extent.number.empty() || !extent.surplus.empty() || isFraction) {
         const char* const fault = extent.number.empty() || isFraction ? begin : extent.surplus.data();
         findings.add(Rule::NumberText, line.placeOf(fault), source, [&] {
-            const std::string quoted = quotedText(findings.language(), line.decoded(shown));
+            const std::string quoted = line.quoted(findings.language(), shown);
             return std::array{nameOf(findings, kind), quoted, kind.pattern ? integerText(readInteger(field)) : *saved,
                 kind.pattern ? findings.text("celé číslo", "a whole number")
                              : findings.text("číslo s desetinnou tečkou", "a number with a decimal point")};
@@ -226,8 +239,7 @@ void checkForm(Findings& findings, const CheckedLine& line, std::optional<std::i
     if (findings.hasChangeUpTo(line.placeOf(differs.data() + differs.size())))
         return;
     findings.add(Rule::Rewritten, line.placeOf(written.data() + at), source, [&] {
-        return std::array{quotedText(findings.language(), line.decoded(differs)),
-            quotedText(findings.language(), line.decoded(fieldOf(saved)))};
+        return std::array{line.quoted(findings.language(), differs), line.quoted(findings.language(), fieldOf(saved))};
     });
 }
 

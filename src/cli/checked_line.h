@@ -25,8 +25,8 @@ struct CheckedLine {
     /// The place of a byte of the line, or of its beginning.
     [[nodiscard]] Place placeOf(const char* at) const;
     [[nodiscard]] Place place() const { return {file, number, 1}; }
-    /// UTF-8 of a piece of the line.
-    [[nodiscard]] std::string decoded(std::string_view piece) const;
+    /// The beginning of a piece of the line between quotation marks.
+    [[nodiscard]] std::string quoted(Language language, std::string_view piece) const;
 };
 
 /// Where a number stands in a field, as the lenient reader finds it.

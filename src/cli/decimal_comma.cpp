@@ -47,7 +47,7 @@ void reportDecimalComma(Findings& findings, const CheckedLine& line, std::option
 {
     findings.add(Rule::DecimalComma, line.placeOf(fields[index + 1].data() - 1), source, [&] {
         const std::string_view joined = joinedFields(fields[index], fields[index + 1]);
-        return std::vector{quotedText(findings.language(), line.decoded(trimBlanks(joined)))};
+        return std::vector{line.quoted(findings.language(), trimBlanks(joined))};
     });
 }
 

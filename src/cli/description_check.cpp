@@ -63,9 +63,8 @@ CheckedPoint* DescriptionCheck::sourceOf(const CheckedLine& line, std::optional<
 {
     CheckedPoint* const point = number ? m_points.find(*number) : nullptr;
     if (point == nullptr) {
-        m_findings.add(Rule::OrphanDescription, line.place(), number, [&] {
-            return std::array{quotedText(m_findings.language(), line.decoded(trimBlanks(field(line.bytes, ',', 1))))};
-        });
+        m_findings.add(Rule::OrphanDescription, line.place(), number,
+            [&] { return std::array{line.quoted(m_findings.language(), trimBlanks(field(line.bytes, ',', 1)))}; });
         return nullptr;
     }
     if (point->descriptionLine != 0) {
@@ -105,12 +104,14 @@ void DescriptionCheck::take(const CheckedLine& line)
         return;
     }
     const std::string_view saved = savedRecord(point->number, *type, parameters);
-    if (line.bytes != saved && !isWellFormed(rest)) {
+    const bool isAsSaved = line.bytes == saved;
+    if (!isAsSaved && !isWellFormed(rest)) {
         checkOddRecord(line);
         return;
     }
     point->descriptionLine = line.number;
-    checkForm(m_findings, line, point->number, saved);
+    if (!isAsSaved)
+        checkForm(m_findings, line, point->number, saved);
     checkPhysics(m_findings, {line, *point, *type, parameters, m_pressure});
 }
 

@@ -62,7 +62,7 @@ void checkGroupLine(Findings& findings, const CheckedLine& line, GroupLinesByNum
     const std::size_t second = semicolon == std::string_view::npos ? semicolon : line.bytes.find(';', semicolon + 1);
     if (second != std::string_view::npos) {
         findings.add(Rule::NameSemicolon, line.placeOf(line.bytes.data() + second), std::nullopt,
-            [&] { return std::array{quotedText(findings.language(), line.decoded(line.bytes.substr(second)))}; });
+            [&] { return std::array{line.quoted(findings.language(), line.bytes.substr(second))}; });
     }
     if (checkNumber(findings, line, std::nullopt, fields.front(), groupKind) == NumberState::Sound)
         checkGroupNumber(findings, line, fields.front(), groups);
@@ -76,9 +76,8 @@ CheckedPoint* DustCheck::sourceOf(const CheckedLine& line, std::optional<std::in
 {
     CheckedPoint* const point = number ? m_points.find(*number) : nullptr;
     if (point == nullptr) {
-        m_findings.add(Rule::OrphanDust, line.place(), number, [&] {
-            return std::array{quotedText(m_findings.language(), line.decoded(trimBlanks(field(line.bytes, ',', 1))))};
-        });
+        m_findings.add(Rule::OrphanDust, line.place(), number,
+            [&] { return std::array{line.quoted(m_findings.language(), trimBlanks(field(line.bytes, ',', 1)))}; });
         return nullptr;
     }
     if (point->dustLine != 0) {
@@ -112,9 +111,11 @@ void DustCheck::take(const CheckedLine& line)
         checkDescription(line, *number, numberField, behind);
     } else if (!behind.empty()) {
         m_findings.add(Rule::DustDropped, line.placeOf(behind.data()), number,
-            [&] { return std::array{quotedText(m_findings.language(), line.decoded(behind))}; });
+            [&] { return std::array{line.quoted(m_findings.language(), behind)}; });
     }
-    checkSavedForm(line, *number, *type);
+    const bool isAsSaved = isNineDigits(numberField) && (type->hasDust || line.bytes.size() == numberWidth);
+    if (!isAsSaved)
+        checkSavedForm(line, *number, *type);
 }
 
 void DustCheck::checkSavedForm(const CheckedLine& line, std::int32_t number, const SourceType& type)
@@ -134,9 +135,9 @@ void DustCheck::checkWidth(const CheckedLine& line, std::int32_t number, std::st
     m_findings.add(Rule::NumberWidth, line.place(), number, [&] {
         const std::string_view read = line.bytes.substr(std::min(numberWidth + 1, line.bytes.size()));
         const std::string nine = integerText(number, Pattern::SourceNumber);
-        return std::array{quotedText(m_findings.language(), line.decoded(numberField)),
+        return std::array{line.quoted(m_findings.language(), numberField),
             m_findings.text("popis prachu se přečte jako ", "the dust description is read as ")
-                + quotedText(m_findings.language(), line.decoded(read))
+                + line.quoted(m_findings.language(), read)
                 + (isNineDigits(nine) ? m_findings.text(", napište číslo jako ", ", write the number as ") + nine
                                       : m_findings.text(", zdroj přečíslujte", ", renumber the source"))};
     });

@@ -160,12 +160,12 @@ const std::deque<Finding>& Findings::sorted()
     return m_kept;
 }
 
-std::string Findings::message(const Finding& finding) const
+void Findings::appendMessage(std::string& out, const Finding& finding) const
 {
     const RuleText& texts = ruleText(finding.rule);
     const char* const pattern = m_language == Language::Czech ? texts.czechMessage : texts.englishMessage;
     const ValueStore::Values values = ValueStore::valuesAt(finding.values);
-    return filled(pattern, std::span(values.texts).first(values.count));
+    appendFilled(out, pattern, std::span(values.texts).first(values.count));
 }
 
 }  // namespace korvex

@@ -129,7 +129,13 @@ public:
 
     /// The kept ones by file, line, column and rule.
     [[nodiscard]] const std::deque<Finding>& sorted();
-    [[nodiscard]] std::string message(const Finding& finding) const;
+    void appendMessage(std::string& out, const Finding& finding) const;
+    [[nodiscard]] std::string message(const Finding& finding) const
+    {
+        std::string out;
+        appendMessage(out, finding);
+        return out;
+    }
 
 private:
     [[nodiscard]] static bool isChange(Rule rule, CheckedFile file);

@@ -54,16 +54,13 @@ std::string errorText(Language language, const FileError& error)
     return error.description;
 }
 
-std::string filled(std::string_view pattern, std::span<const std::string_view> values)
+void appendFilled(std::string& out, std::string_view pattern, std::span<const std::string_view> values)
 {
-    std::string out;
-    constexpr std::size_t usual = 256;
-    out.reserve(usual);
     for (;;) {
         const std::size_t place = pattern.find('{');
         out += pattern.substr(0, place);
         if (place == std::string_view::npos)
-            return out;
+            return;
         pattern.remove_prefix(place);
         const bool isPlace = pattern.size() >= 3 && pattern[2] == '}';
         const auto index = isPlace ? static_cast<std::size_t>(pattern[1] - '0') : values.size();

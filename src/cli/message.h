@@ -10,8 +10,8 @@
 
 namespace korvex {
 
-/// The pattern with {0}, {1} … replaced by the values; a place without a value stays as it is.
-[[nodiscard]] std::string filled(std::string_view pattern, std::span<const std::string_view> values);
+/// Appends the pattern with {0}, {1} … replaced by the values; a place without a value stays as it is.
+void appendFilled(std::string& out, std::string_view pattern, std::span<const std::string_view> values);
 
 /// The beginning of a text from a file (UTF-8) between quotation marks; what cannot be printed is "?".
 [[nodiscard]] std::string quotedText(Language language, std::string_view utf8);

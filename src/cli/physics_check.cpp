@@ -108,9 +108,10 @@ void checkVs(Findings& findings, const DescribedSource& source)
     const double difference = 100.0 * std::abs(valueOf(source, Vs) - expected) / expected;
     if (difference <= static_cast<double>(limits::vsDifference.value))
         return;
+    static const std::string limit = singleText(limits::vsDifference.value);
     findings.add(Rule::VsMismatch, placeOf(source, Vs), source.point.number, [&] {
         return std::array{singleText(valueOf(source, Vs)), singleText(source.pressure),
-            singleText(static_cast<float>(expected)), shortText(difference), singleText(limits::vsDifference.value)};
+            singleText(static_cast<float>(expected)), shortText(difference), limit};
     });
 }
 

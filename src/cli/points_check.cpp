@@ -39,7 +39,7 @@ constexpr std::array<FieldKind, fieldCount> fieldKinds{{
 
 /// Whether a record that was read as plain numbers is nothing but seven of them and a name: of its content there is
 /// then nothing to say.
-bool isWellFormed(std::string_view record, const PlainPoints& plain)
+bool isWellFormed(std::string_view record)
 {
     const std::size_t nameAt = record.find(';');
     const std::string_view numbers = record.substr(0, nameAt);
@@ -47,8 +47,12 @@ bool isWellFormed(std::string_view record, const PlainPoints& plain)
     std::string_view cluster = numbers.substr(lastComma + 1);
     static_cast<void>(PlainNumber::take(cluster));
     const bool hasSecond = nameAt != std::string_view::npos && record.find(';', nameAt + 1) != std::string_view::npos;
-    return cluster.empty() && !hasSecond && std::count(numbers.begin(), numbers.end(), ',') == fieldCount - 1
-        && plain.number >= 0 && plain.number <= widestPaddedNumber;
+    return cluster.empty() && !hasSecond && std::count(numbers.begin(), numbers.end(), ',') == fieldCount - 1;
+}
+
+bool hasPaddedNumber(const PlainPoints& plain)
+{
+    return plain.number >= 0 && plain.number <= widestPaddedNumber;
 }
 
 /// The numbers of a record with what parts them from the name, as the program writes them.
@@ -100,7 +104,7 @@ void checkName(Findings& findings, const CheckedLine& line, std::int32_t number)
     if (second == std::string_view::npos)
         return;
     findings.add(Rule::NameSemicolon, line.placeOf(line.bytes.data() + second), number,
-        [&] { return std::array{quotedText(findings.language(), line.decoded(line.bytes.substr(second)))}; });
+        [&] { return std::array{line.quoted(findings.language(), line.bytes.substr(second))}; });
 }
 
 /// Checks the numbers of a record. With too few in front of the name the program reads on into the name: those fields
@@ -213,13 +217,20 @@ void checkOneNumber(Findings& findings, const CheckedPoints& points, std::size_t
 void checkPointsRecord(Findings& findings, const CheckedLine& line, CheckedPoints& points)
 {
     PlainPoints plain;
-    if (!plain.read(line.bytes) || !isWellFormed(line.bytes, plain) || sourceTypeOf(plain.typeId) == nullptr) {
+    if (!plain.read(line.bytes) || sourceTypeOf(plain.typeId) == nullptr || !hasPaddedNumber(plain)) {
         checkOddRecord(findings, line, points);
         return;
     }
-    const SavedNumbers saved(plain);
-    if (line.bytes.substr(0, saved.text().size()) != saved.text())
-        checkForm(findings, line, plain.number, std::string(saved.text()).append(plain.name));
+    const SavedNumbers numbers(plain);
+    const std::string_view saved = numbers.text();
+    const bool isAsSaved
+        = line.bytes.substr(0, saved.size()) == saved && line.bytes.find(';', saved.size()) == std::string_view::npos;
+    if (!isAsSaved && !isWellFormed(line.bytes)) {
+        checkOddRecord(findings, line, points);
+        return;
+    }
+    if (!isAsSaved)
+        checkForm(findings, line, plain.number, std::string(saved).append(plain.name));
     const auto columnBehind = [&line](std::size_t comma) { return line.bytes.find_first_not_of(" \t", comma + 1) + 1; };
     const std::size_t comma = line.bytes.find(',');
     remember(line, plain, {columnBehind(comma), columnBehind(line.bytes.find(',', comma + 1))}, points);

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -91,6 +92,13 @@ TEST(CheckedPoints, NothingIsFoundAmongNone)
     CheckedPoints points;
     points.sort();
     EXPECT_EQ(points.find(0), nullptr);
+}
+
+std::string filled(std::string_view pattern, std::span<const std::string_view> values)
+{
+    std::string out;
+    appendFilled(out, pattern, values);
+    return out;
 }
 
 TEST(Message, PlacesAreFilledOnceAndInAnyOrder)
