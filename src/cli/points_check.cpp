@@ -50,9 +50,10 @@ bool isWellFormed(std::string_view record)
     return cluster.empty() && !hasSecond && std::count(numbers.begin(), numbers.end(), ',') == fieldCount - 1;
 }
 
-bool hasPaddedNumber(const PlainPoints& plain)
+/// Whether a number takes nine digits, as the dust file needs it.
+bool isPadded(std::int32_t number)
 {
-    return plain.number >= 0 && plain.number <= widestPaddedNumber;
+    return number >= 0 && number <= widestPaddedNumber;
 }
 
 /// The numbers of a record with what parts them from the name, as the program writes them.
@@ -113,9 +114,11 @@ bool checkFields(Findings& findings, const CheckedLine& line, std::optional<std:
     std::vector<std::string_view>& fields)
 {
     const std::size_t beforeName = fields.size();
-    const std::vector<std::string_view> all = splitFields(line.bytes);
-    for (std::size_t i = beforeName; i < std::min(all.size(), fieldCount); ++i)
-        fields.push_back(all[i]);
+    if (beforeName < fieldCount) {
+        const std::vector<std::string_view> all = splitFields(line.bytes);
+        for (std::size_t i = beforeName; i < std::min(all.size(), fieldCount); ++i)
+            fields.push_back(all[i]);
+    }
     bool isInRange = true;
     for (std::size_t i = 0; i < std::min(fields.size(), fieldCount); ++i) {
         if (i >= beforeName && roundedOf(fields[i]))
@@ -128,7 +131,7 @@ bool checkFields(Findings& findings, const CheckedLine& line, std::optional<std:
 
 void checkWidth(Findings& findings, const CheckedLine& line, std::int32_t number)
 {
-    if (number >= 0 && number <= widestPaddedNumber)
+    if (isPadded(number))
         return;
     findings.add(Rule::NumberWidth, line.place(), number, [&] {
         return std::array{integerText(number),
@@ -217,7 +220,7 @@ void checkOneNumber(Findings& findings, const CheckedPoints& points, std::size_t
 void checkPointsRecord(Findings& findings, const CheckedLine& line, CheckedPoints& points)
 {
     PlainPoints plain;
-    if (!plain.read(line.bytes) || sourceTypeOf(plain.typeId) == nullptr || !hasPaddedNumber(plain)) {
+    if (!plain.read(line.bytes) || sourceTypeOf(plain.typeId) == nullptr || !isPadded(plain.number)) {
         checkOddRecord(findings, line, points);
         return;
     }
