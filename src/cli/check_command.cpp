@@ -3,10 +3,14 @@
 #include "check_report.h"
 #include "command_context.h"
 #include "inventory_check.h"
+#include "json_output.h"
 
 #include <CLI/CLI.hpp>
-#include <nlohmann/json.hpp>
 
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -38,36 +42,114 @@ std::vector<Rule> rulesOf(const CommandContext& context, const std::vector<std::
     return rules;
 }
 
+Json ruleJson(const CommandContext& context, Rule rule)
+{
+    const RuleText& texts = ruleText(rule);
+    Json limits = Json::array();
+    for (const LimitText& limit : limitsOf(rule, context.language))
+        limits.push_back({{"limit", limit.name}, {"value", limit.value}, {"reason", limit.reason}});
+    return {{"rule", texts.name}, {"severity", severityName(texts.severity)},
+        {"meaning", context.text(texts.czechHelp, texts.englishHelp)}, {"limits", std::move(limits)}};
+}
+
 void explain(CommandContext& context, const std::string& name)
 {
-    if (name == "all")
-        context.out << explainedRules(context.language);
-    else
-        context.out << explained(rulesOf(context, {name}).front(), context.language);
+    const std::vector<Rule> named = name == "all" ? std::vector<Rule>() : rulesOf(context, {name});
+    if (context.json) {
+        Json rules = Json::array();
+        for (const RuleText& rule : allRules()) {
+            if (named.empty() || named.front() == rule.rule)
+                rules.push_back(ruleJson(context, rule.rule));
+        }
+        writeJson(context, rules);
+    } else {
+        context.out << (named.empty() ? explainedRules(context.language) : explained(named.front(), context.language));
+    }
+}
+
+/// A path as a JSON string; it need not be UTF-8.
+std::string jsonPath(std::string_view path)
+{
+    return Json(path).dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+/// Escapes what is behind a place as a JSON string needs it: messages are UTF-8 without control characters, and with
+/// the library a million of them would take several times as long.
+void escapeFrom(std::string& out, std::size_t begin)
+{
+    for (const char special : {'\\', '"'}) {
+        for (std::size_t at = out.find(special, begin); at != std::string::npos; at = out.find(special, at + 2))
+            out.insert(at, 1, '\\');
+    }
+}
+
+void appendNumber(std::string& out, std::int64_t number)
+{
+    std::array<char, 24> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    out.append(digits.data(), static_cast<std::size_t>(end - digits.data()));
+}
+
+/// The part of a finding that is the same for all of a rule.
+std::string jsonOfRule(const RuleText& rule)
+{
+    return std::string(",\n      \"severity\": \"")
+        .append(severityName(rule.severity))
+        .append("\",\n      \"rule\": \"")
+        .append(rule.name)
+        .append("\"");
+}
+
+/// One by one as they are printed: a million findings as one JSON value would take a gigabyte.
+void printFindingsAsJson(TextOutput& out, const CheckRequest& request, Findings& findings)
+{
+    std::array<std::string, 4> paths;
+    for (std::size_t i = 0; i < paths.size(); ++i)
+        paths[i] = jsonPath(pathOf(request, static_cast<CheckedFile>(i)));
+    std::array<std::string, ruleCount> rules;
+    for (const RuleText& rule : allRules())
+        rules[static_cast<std::size_t>(rule.rule)] = jsonOfRule(rule);
+    std::string item;
+    for (const Finding& finding : findings.sorted()) {
+        item += "\n    {\n      \"file\": ";
+        item += paths[static_cast<std::size_t>(finding.place.file)];
+        item += ",\n      \"line\": ";
+        appendNumber(item, finding.place.line);
+        item += ",\n      \"column\": ";
+        appendNumber(item, finding.place.column);
+        item += rules[static_cast<std::size_t>(finding.rule)];
+        if (finding.hasSource) {
+            item += ",\n      \"source\": ";
+            appendNumber(item, finding.source);
+        }
+        item += ",\n      \"message\": \"";
+        const std::size_t message = item.size();
+        findings.appendMessage(item, finding);
+        escapeFrom(item, message);
+        item += "\"\n    }";
+        out << item;
+        item.assign(1, ',');
+    }
+    if (!findings.sorted().empty())
+        out << "\n  ";
 }
 
 void printJson(
     CommandContext& context, const CheckRequest& request, const CheckedInventory& checked, Findings& findings)
 {
-    nlohmann::ordered_json list = nlohmann::ordered_json::array();
-    for (const Finding& finding : findings.sorted()) {
-        const RuleText& rule = ruleText(finding.rule);
-        nlohmann::ordered_json item{{"file", pathOf(request, finding.place.file)}, {"line", finding.place.line},
-            {"column", finding.place.column}, {"severity", severityName(rule.severity)}, {"rule", rule.name}};
-        if (finding.source)
-            item["source"] = *finding.source;
-        item["message"] = finding.message;
-        list.push_back(std::move(item));
-    }
-    nlohmann::ordered_json counts = nlohmann::ordered_json::object();
+    TextOutput& out = context.out;
+    out << "{\n  \"sources\": " << checked.sources << ",\n  \"count\": " << findings.count()
+        << ",\n  \"listed\": " << findings.sorted().size() << ",\n  \"rules\": {";
+    const char* separator = "\n";
     for (const RuleText& rule : allRules()) {
-        if (findings.count(rule.rule) > 0)
-            counts[std::string(rule.name)] = findings.count(rule.rule);
+        if (findings.count(rule.rule) == 0)
+            continue;
+        out << separator << "    \"" << rule.name << "\": " << findings.count(rule.rule);
+        separator = ",\n";
     }
-    const nlohmann::ordered_json report{{"sources", checked.sources}, {"count", findings.count()},
-        {"listed", findings.sorted().size()}, {"rules", std::move(counts)}, {"findings", std::move(list)}};
-    // A path need not be UTF-8.
-    context.out << report.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << '\n';
+    out << (findings.count() > 0 ? "\n  },\n  \"findings\": [" : "},\n  \"findings\": [");
+    printFindingsAsJson(out, request, findings);
+    out << "]\n}\n";
 }
 
 void check(CommandContext& context, const CheckOptions& options)
@@ -133,6 +215,7 @@ void addCheckCommand(CLI::App& app, CommandContext& context)
         ->add_option("--max", options->most,
             context.text("Kolik nálezů se vypíše; 0 všechny (výchozí 1000). Počítají se vždy všechny.",
                 "How many findings are listed; 0 for all (1000 by default). All are counted."))
+        ->check(CLI::NonNegativeNumber.description(""))
         ->type_name("N");
     command
         ->add_option("--only", options->only, context.text("Hledá jen tato pravidla.", "Looks for these rules only."))

@@ -25,32 +25,6 @@ std::string withUnit(const std::string& value, const char* unit)
     return *unit == '\0' ? value : value + ' ' + unit;
 }
 
-std::string rangeText(const ParameterRange& range, Language language)
-{
-    return std::string(range.symbol) + " (" + typeText(range.typeId, language)
-        + "): " + withUnit(singleText(range.low) + text(language, " až ", " to ") + singleText(range.high), range.unit);
-}
-
-std::string limitText(const SingleLimit& limit, Language language)
-{
-    return text(language, limit.czech, limit.english) + ": " + withUnit(singleText(limit.value), limit.unit);
-}
-
-/// The limits of a rule, one a line behind the prefix.
-std::string limitsOf(Rule rule, Language language, const std::string& prefix)
-{
-    std::string out;
-    for (const ParameterRange& range : parameterRanges) {
-        if (range.rule == rule)
-            out += prefix + rangeText(range, language) + '\n';
-    }
-    for (const SingleLimit& limit : limits::all) {
-        if (limit.rule == rule)
-            out += prefix + limitText(limit, language) + '\n';
-    }
-    return out;
-}
-
 std::string groupTitle(RuleGroup group, Language language)
 {
     switch (group) {
@@ -71,28 +45,46 @@ std::string helpOf(const RuleText& rule, Language language)
 
 std::string limitTable(Language language)
 {
-    std::string out = text(language, "\n## Meze\n\n| pravidlo | mez | hodnota |\n|---|---|---|\n",
-        "\n## Limits\n\n| rule | limit | value |\n|---|---|---|\n");
-    for (const ParameterRange& range : parameterRanges) {
-        out += "| `" + std::string(ruleText(range.rule).name) + "` | " + range.symbol + ", "
-            + typeText(range.typeId, language) + " | "
-            + withUnit(singleText(range.low) + text(language, " až ", " to ") + singleText(range.high), range.unit)
-            + " |\n";
-    }
-    for (const SingleLimit& limit : limits::all) {
-        out += "| `" + std::string(ruleText(limit.rule).name) + "` | " + text(language, limit.czech, limit.english)
-            + " | " + withUnit(singleText(limit.value), limit.unit) + " |\n";
+    std::string out = text(language, "\n## Meze\n\n| pravidlo | mez | hodnota | důvod |\n|---|---|---|---|\n",
+        "\n## Limits\n\n| rule | limit | value | reason |\n|---|---|---|---|\n");
+    for (const RuleText& rule : allRules()) {
+        for (const LimitText& limit : limitsOf(rule.rule, language)) {
+            out += "| `" + std::string(rule.name) + "` | " + limit.name + " | " + limit.value + " | " + limit.reason
+                + " |\n";
+        }
     }
     return out;
 }
 
 }  // namespace
 
+std::vector<LimitText> limitsOf(Rule rule, Language language)
+{
+    std::vector<LimitText> found;
+    for (const ParameterRange& range : parameterRanges) {
+        if (range.rule == rule) {
+            found.push_back({std::string(range.symbol) + " (" + typeText(range.typeId, language) + ")",
+                withUnit(singleText(range.low) + text(language, " až ", " to ") + singleText(range.high), range.unit),
+                text(language, range.reason.czech, range.reason.english)});
+        }
+    }
+    for (const SingleLimit& limit : limits::all) {
+        if (limit.rule == rule) {
+            found.push_back({text(language, limit.czech, limit.english), withUnit(singleText(limit.value), limit.unit),
+                text(language, limit.reason.czech, limit.reason.english)});
+        }
+    }
+    return found;
+}
+
 std::string explained(Rule rule, Language language)
 {
     const RuleText& texts = ruleText(rule);
-    return std::string(texts.name) + " (" + severityText(texts.severity, language) + ")\n\n" + helpOf(texts, language)
-        + '\n' + limitsOf(rule, language, "- ");
+    std::string out = std::string(texts.name) + " (" + severityText(texts.severity, language) + ")\n\n"
+        + helpOf(texts, language) + '\n';
+    for (const LimitText& limit : limitsOf(rule, language))
+        out += "- " + limit.name + ": " + limit.value + " – " + limit.reason + '\n';
+    return out;
 }
 
 std::string explainedRules(Language language)

@@ -37,9 +37,9 @@ void printFindings(TextOutput& out, const CheckRequest& request, Findings& findi
         const RuleText& rule = ruleText(finding.rule);
         out << pathOf(request, finding.place.file) << ':' << finding.place.line << ':' << finding.place.column << ": "
             << severityText(rule.severity, findings.language()) << " [" << rule.name << "] ";
-        if (finding.source)
-            out << source << ' ' << *finding.source << ": ";
-        out << finding.message << '\n';
+        if (finding.hasSource)
+            out << source << ' ' << finding.source << ": ";
+        out << findings.message(finding) << '\n';
     }
 }
 

@@ -7,6 +7,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvex {
 
@@ -17,6 +18,14 @@ namespace korvex {
 void printFindings(TextOutput& out, const CheckRequest& request, Findings& findings);
 /// How many there were, by rule when there were several.
 void printSummary(TextOutput& out, const CheckedInventory& checked, Findings& findings);
+
+/// A limit of a rule, its value with the unit, and why it is what it is.
+struct LimitText {
+    std::string name;
+    std::string value;
+    std::string reason;
+};
+[[nodiscard]] std::vector<LimitText> limitsOf(Rule rule, Language language);
 
 /// What a rule means, with its limits.
 [[nodiscard]] std::string explained(Rule rule, Language language);

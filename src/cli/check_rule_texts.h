@@ -8,13 +8,20 @@
 namespace korvex {
 
 inline constexpr std::array<RuleText, ruleCount> ruleTexts{{
-    {Rule::NumberText, "number-text", RuleGroup::Records, Severity::Error,
-        "{0}: {1} se čte jako {2}; napište jen číslo s desetinnou tečkou",
-        "{0}: {1} is read as {2}; write a number and nothing else, with a decimal point",
+    {Rule::WrongFile, "wrong-file", RuleGroup::Records, Severity::Error, "{0}", "{0}",
+        "Soubor jako celek není to, co se na jeho místě čeká: je prázdný, v UTF-16, binární, s jinými konci řádků, "
+        "nebo "
+        "je to jiný ze souborů soupisu. Jeho záznamy se pak nekontrolují a jinde se nehlásí, že chybějí.",
+        "The file as a whole is not what belongs in its place: it is empty, in UTF-16, binary, has other line ends, or "
+        "is another one of the inventory's files. Its records are then not checked, nor are they missed elsewhere."},
+    {Rule::NumberText, "number-text", RuleGroup::Records, Severity::Error, "{0}: {1} se čte jako {2}; napište jen {3}",
+        "{0}: {1} is read as {2}; write {3} and nothing else",
         "Pole má být číslo. Program čte jen číslo, kterým pole začíná; co následuje, přeskočí, a pole, které číslem "
-        "nezačíná (i prázdné), je 0. Žádné hlášení přitom nedá.",
+        "nezačíná (i prázdné), je 0. Žádné hlášení přitom nedá. Počet částic a skupina prachu se zaokrouhlí na celé "
+        "číslo.",
         "The field should be a number. The program reads the number that the field begins with, skips what follows, "
-        "and takes a field that begins with no number (also an empty one) for 0, without a message."},
+        "and takes a field that begins with no number (also an empty one) for 0, without a message. The count of "
+        "particles and the dust group are rounded to a whole number."},
     {Rule::NumberRange, "number-range", RuleGroup::Records, Severity::Error,
         "{0}: {1} je mimo rozsah čísla; soubor takto nelze načíst, opravte hodnotu",
         "{0}: {1} is beyond the range of its type; the file cannot be loaded like this, correct the value",
@@ -29,19 +36,26 @@ inline constexpr std::array<RuleText, ruleCount> ruleTexts{{
         "The dust description is read from the 11th character of the line on; no comma is searched for. A number with "
         "fewer or more than 9 digits, or a negative one, shifts it. Pad the number with zeros or renumber the source."},
     {Rule::DecimalComma, "decimal-comma", RuleGroup::Records, Severity::Error,
-        "desetinná čárka v {0}: čárka dělí pole a všechna další se posunou; napište tečku",
-        "decimal comma in {0}: a comma ends the field and shifts all that follow; write a point",
-        "Čárka odděluje pole, číslo 3,5 se tedy čte jako dvě pole, 3 a 5. Záznam má pak polí víc, než má mít, a "
-        "hodnoty jsou jinde.",
-        "A comma separates fields, so 3,5 is read as two fields, 3 and 5. The record then has too many fields and its "
-        "values stand elsewhere."},
+        "desetinná čárka v {0}: čárka dělí pole a všechna další se posunou; napište tečku (nebo mezeru za čárku, "
+        "jsou-li "
+        "to dvě hodnoty)",
+        "decimal comma in {0}: a comma ends the field and shifts all that follow; write a point (or a blank behind the "
+        "comma, if these are two values)",
+        "Čárka odděluje pole, číslo 3,5 se tedy čte jako dvě pole, 3 a 5, a všechna další pole se posunou. V bodech a "
+        "popisu se pozná podle chybějící mezery, v prachu podle počtu částic a součtu zastoupení.",
+        "A comma separates fields, so 3,5 is read as two fields, 3 and 5, and all fields behind it are shifted. In "
+        "points "
+        "and descriptions it is told by the missing blank, in dust by the count of particles and the sum of the "
+        "shares."},
     {Rule::FieldCount, "field-count", RuleGroup::Records, Severity::Error, "záznam má {0} polí místo {1}; {2}",
         "the record has {0} fields instead of {1}; {2}",
         "Chybějící pole se čtou jako 0, nadbytečná se přeskočí. Bod má 7 polí a jméno za středníkem, popis 10 polí, "
-        "prach komína aspoň číslo, hustotu a skupinu, skupina prachu aspoň číslo a počet.",
+        "prach komína aspoň číslo, hustotu a skupinu (za odkazem na skupinu nic), skupina prachu aspoň číslo a počet. "
+        "Sloupec ukazuje na první nadbytečné pole, nebo kam chybějící patří.",
         "Missing fields are read as 0, surplus ones are skipped. A point has 7 fields and a name behind a semicolon, a "
-        "description 10 fields, the dust of a stack at least number, density and group, a dust group at least number "
-        "and count."},
+        "description 10 fields, the dust of a stack at least number, density and group (behind a reference to a group "
+        "nothing), a dust group at least number and count. The column is that of the first surplus field, or where the "
+        "missing one belongs."},
     {Rule::TypeCode, "type-code", RuleGroup::Records, Severity::Error,
         "typ zdroje {0} není 1 (bodový), 2 (plošný) ani 3 (liniový); zdroj se nenačte",
         "source type {0} is not 1 (point), 2 (area) or 3 (line); the source is not loaded",
@@ -61,27 +75,38 @@ inline constexpr std::array<RuleText, ruleCount> ruleTexts{{
         "zobrazí různě nebo soubor odmítnou. Bývá to znak z jiného kódování.",
         "Windows-1250 has no characters 81, 83, 88, 90 and 98. The program keeps them, but others show them in "
         "different ways or refuse the file. Mostly they come from another code page."},
-    {Rule::Utf8, "utf8", RuleGroup::Records, Severity::Error,
-        "text je v UTF-8, program jej čte jako Windows-1250; soubor převeďte (iconv -f UTF-8 -t WINDOWS-1250)",
-        "the text is UTF-8, the program reads Windows-1250; convert the file (iconv -f UTF-8 -t WINDOWS-1250)",
+    {Rule::Utf8, "utf8", RuleGroup::Records, Severity::Error, "{0}", "{0}",
         "Kódování se nezjišťuje: písmena s diakritikou by ze souboru v UTF-8 byla načtena jako dvojice cizích znaků. "
-        "Značka na začátku souboru (BOM) navíc způsobí, že první řádek není poznámkou. Hlásí se první takový řádek "
-        "každého souboru.",
+        "Značka na začátku souboru (BOM) navíc způsobí, že první řádek není poznámkou; hlásí se i u textu ve "
+        "Windows-1250. Hlásí se první takové místo každého souboru.",
         "The encoding is never guessed: accented letters of a file in UTF-8 are read as pairs of strange characters. "
-        "A byte order mark moreover keeps the first line from being a comment. The first such line of each file is "
-        "reported."},
+        "A byte order mark moreover keeps the first line from being a comment; it is reported beside text in "
+        "Windows-1250 too. The first such place of each file is reported."},
+    {Rule::Iso88592, "iso-8859-2", RuleGroup::Records, Severity::Warning,
+        "text vypadá jako ISO-8859-2: bajt {0} by byl „{1}“, ve Windows-1250 je to „{2}“; soubor převeďte (iconv -f "
+        "ISO-8859-2 -t WINDOWS-1250)",
+        "the text looks like ISO-8859-2: the byte {0} would be \"{1}\", in Windows-1250 it is \"{2}\"; convert the "
+        "file "
+        "(iconv -f ISO-8859-2 -t WINDOWS-1250)",
+        "Obě kódování se liší hlavně v písmenech š, ť a ž. Soubor, který má jejich bajty podle ISO-8859-2 u písmen a "
+        "žádný z bajtů 80 až 9F, je nejspíš v něm. Hlásí se první takový bajt každého souboru.",
+        "The two code pages differ mainly in the letters š, ť and ž. A file that has their bytes of ISO-8859-2 beside "
+        "letters and none of the bytes 80 to 9F is most likely in it. The first such byte of each file is reported."},
     {Rule::DigitsLost, "digits-lost", RuleGroup::Records, Severity::Warning,
         "{0}: {1} se uloží jako {2}; hodnota se tím změní", "{0}: {1} will be saved as {2}, which is another value",
         "Reálná čísla se ukládají nejvýše na 7 platných číslic, celá (číslo zdroje, X, Y, výška, skupina, shluk) bez "
         "desetinných míst. Delší číslo první uložení změní.",
         "Reals are saved with 7 significant digits at most, whole numbers (source number, X, Y, altitude, group, "
         "cluster) without decimals. The first save changes a longer number."},
-    {Rule::Rewritten, "rewritten", RuleGroup::Records, Severity::Note, "{0}: {1} se uloží jako {2}",
-        "{0}: {1} will be saved as {2}",
-        "Hodnota se nezmění, jen její zápis: jiný počet nul na začátku nebo na konci, mezery, znaménko +, jiný tvar "
-        "exponentu. Soubory se pak po prvním uložení liší, i když se v nich nic nezměnilo.",
-        "The value stays, only its form changes: other zeros at its ends, blanks, a plus sign, another form of the "
-        "exponent. After the first save the files differ although nothing was changed in them."},
+    {Rule::Rewritten, "rewritten", RuleGroup::Records, Severity::Note, "{0} se uloží jako {1}",
+        "{0} will be saved as {1}",
+        "Hodnoty se nezmění, jen zápis řádku: jiné nuly, mezery, znaménko +, tvar exponentu, chybějící středník, konce "
+        "řádků. Soubory se pak po prvním uložení liší, i když se v nich nic nezměnilo. Hlásí se první odlišný znak "
+        "řádku, pokud na něm závažnější pravidlo neříká totéž; řádky bez CR LF jednou za soubor.",
+        "The values stay, only the form of the line changes: other zeros, blanks, a plus sign, another form of the "
+        "exponent, a missing semicolon, line ends. After the first save the files differ although nothing was changed "
+        "in them. The first character of a line that differs is reported, unless a more serious rule says the same; "
+        "lines without CR LF once a file."},
 
     {Rule::NoDescription, "no-description", RuleGroup::BetweenFiles, Severity::Error,
         "zdroj nemá záznam v souboru s popisem; doplňte jej, jinak má všechny hodnoty 0 nebo se nenačte",
@@ -162,12 +187,11 @@ inline constexpr std::array<RuleText, ruleCount> ruleTexts{{
         "Mají-li dvě skupiny jedno číslo, odkaz zdroje znamená první z nich.",
         "When two groups have one number, a reference of a source means the first."},
     {Rule::ParticleCount, "particle-count", RuleGroup::BetweenFiles, Severity::Error,
-        "počet částic je {0}, za ním je však hodnot {1} místo {2}; opravte počet, čtou se jen ty, které udává",
-        "the count of particles is {0}, but {1} values follow instead of {2}; correct it, only so many are read",
-        "Počet udává, kolik dvojic průměr a zastoupení se přečte: chybějící jsou 0, nadbytečné se přeskočí. Lichý "
-        "počet hodnot bývá desetinná čárka. Za odkazem na skupinu nemá být nic.",
-        "The count says how many pairs of diameter and share are read: missing ones are 0, surplus ones are skipped. "
-        "An odd number of values mostly is a decimal comma. Behind a reference to a group there should be nothing."},
+        "počet částic je {0}, za ním je však hodnot {1} místo {2}; opravte počet nebo hodnoty, čte se jich jen tolik",
+        "the count of particles is {0}, but {1} values follow instead of {2}; correct the count or the values, only so "
+        "many are read",
+        "Počet udává, kolik dvojic průměr a zastoupení se přečte: chybějící jsou 0, nadbytečné se přeskočí.",
+        "The count says how many pairs of diameter and share are read: missing ones are 0, surplus ones are skipped."},
 
     {Rule::VsMismatch, "vs-mismatch", RuleGroup::Physics, Severity::Warning,
         "Vs = {0} m³/s, z ts, d a w0 při tlaku {1} Pa vychází {2} m³/s (rozdíl {3} %, mez {4} %); přepočítejte Vs, d "
@@ -176,10 +200,10 @@ inline constexpr std::array<RuleText, ruleCount> ruleTexts{{
         "w0",
         "Objem spalin za normálních podmínek plyne ze skutečného průtoku: Vs = (π d² / 4) w0 · 273.15 / (ts + 273.15) "
         "· p / 101325. Tlak vzduchu p se zadá volbou --pressure; bez ní platí 101325 Pa. Častou příčinou je Vs "
-        "zadané při provozních podmínkách nebo v m³/h.",
+        "zadané při provozních podmínkách nebo v m³/h, nebo Vs nevyplněné.",
         "The flue gas volume at normal conditions follows from the actual flow: Vs = (π d² / 4) w0 · 273.15 / (ts + "
         "273.15) · p / 101325. The air pressure p is given by --pressure and is 101325 Pa otherwise. A common cause is "
-        "a Vs at working conditions or in m³/h."},
+        "a Vs at working conditions, in m³/h or not filled in."},
     {Rule::DiameterHeight, "diameter-height", RuleGroup::Physics, Severity::Warning,
         "d = {0} m je {2}násobek výšky H = {1} m (mez {3}); zkontrolujte, zda nejsou přehozené nebo v jiných "
         "jednotkách",
@@ -190,8 +214,9 @@ inline constexpr std::array<RuleText, ruleCount> ruleTexts{{
     {Rule::RangeTs, "range-ts", RuleGroup::Physics, Severity::Warning,
         "{0} = {1} {4} je mimo {2} až {3} {4}; teplota spalin se zadává ve °C",
         "{0} = {1} {4} is outside {2} to {3} {4}; the flue gas temperature is in °C",
-        "Častou příčinou je teplota v kelvinech nebo posunutá pole.",
-        "A common cause is a temperature in kelvins, or shifted fields."},
+        "Častou příčinou jsou posunutá pole. Teplotu v kelvinech tato mez většinou nepozná, spíše pravidlo "
+        "vs-mismatch.",
+        "A common cause are shifted fields. A temperature in kelvins mostly lies within; rather vs-mismatch tells it."},
     {Rule::RangeW0, "range-w0", RuleGroup::Physics, Severity::Warning,
         "{0} = {1} {4} je mimo {2} až {3} {4}; rychlost spalin se zadává v m/s, lze ji vypočítat z Vs, ts a d",
         "{0} = {1} {4} is outside {2} to {3} {4}; the exit velocity is in m/s, it can be calculated from Vs, ts and d",

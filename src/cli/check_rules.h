@@ -20,6 +20,7 @@ enum class Severity {
 enum class RuleGroup { Records, BetweenFiles, Physics };
 
 enum class Rule : unsigned char {
+    WrongFile,
     NumberText,
     NumberRange,
     NumberWidth,
@@ -29,6 +30,7 @@ enum class Rule : unsigned char {
     NameSemicolon,
     CodePage,
     Utf8,
+    Iso88592,
     DigitsLost,
     Rewritten,
 

@@ -5,6 +5,7 @@
 #include "code_page.h"
 #include "fields.h"
 #include "message.h"
+#include "plain_number.h"
 
 #include <algorithm>
 #include <array>
@@ -15,11 +16,6 @@
 namespace korvex {
 
 namespace {
-
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
 
 bool isContinuation(char c)
 {
@@ -32,6 +28,11 @@ std::size_t characterLength(std::string_view bytes)
     const auto first = static_cast<unsigned char>(bytes.front());
     const std::size_t length = first >= 0xC2 && first < 0xE0 ? 2 : first >= 0xE0 && first < 0xF0 ? 3 : 4;
     if (first < 0xC2 || first > 0xF4 || bytes.size() < length)
+        return 0;
+    // What a shorter form could hold, the halves of UTF-16 pairs and what lies beyond Unicode are no characters.
+    const auto second = static_cast<unsigned char>(bytes[1]);
+    if ((first == 0xE0 && second < 0xA0) || (first == 0xED && second >= 0xA0) || (first == 0xF0 && second < 0x90)
+        || (first == 0xF4 && second >= 0x90))
         return 0;
     const std::string_view rest = bytes.substr(1, length - 1);
     return std::all_of(rest.begin(), rest.end(), isContinuation) ? length : 0;
@@ -92,6 +93,14 @@ std::optional<std::string> savedText(std::string_view field, const FieldKind& ki
     }
 }
 
+/// A plain number that a save keeps, as nearly all fields are: nothing to report.
+bool isSound(std::string_view field, const FieldKind& kind)
+{
+    constexpr std::uint64_t mostKept = 9999999;
+    const PlainNumber number = PlainNumber::take(field);
+    return field.empty() && (kind.pattern ? number.isInteger() : number.isSingle() && number.digits <= mostKept);
+}
+
 std::string nameOf(const Findings& findings, const FieldKind& kind)
 {
     return findings.text(kind.czech, kind.english);
@@ -118,12 +127,14 @@ Place CheckedLine::placeOf(const char* at) const
 {
     const auto before = bytes.substr(0, static_cast<std::size_t>(at - bytes.data()));
     const auto hidden = isUtf8 ? std::count_if(before.begin(), before.end(), isContinuation) : 0;
-    return {file, number, 1 + before.size() - static_cast<std::size_t>(hidden)};
+    return {file, number, static_cast<std::uint32_t>(1 + before.size() - static_cast<std::size_t>(hidden))};
 }
 
-std::string CheckedLine::decoded(std::string_view piece) const
+std::string CheckedLine::quoted(Language language, std::string_view piece) const
 {
-    return isUtf8 ? std::string(piece) : decodeCodePage(piece);
+    if (isUtf8 || asciiLength(piece) == piece.size())
+        return quotedText(language, piece);
+    return quotedText(language, decodeCodePage(piece));
 }
 
 NumberExtent NumberExtent::of(std::string_view field)
@@ -146,12 +157,14 @@ std::vector<std::string_view> splitFields(std::string_view text)
 NumberState checkNumber(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
     std::string_view field, const FieldKind& kind)
 {
+    if (isSound(field, kind))
+        return NumberState::Sound;
     const NumberExtent extent = NumberExtent::of(field);
     const std::string_view shown = trimBlanks(field);
     const std::optional<std::string> saved = savedText(field, kind);
     const auto values = [&] {
-        const std::string quoted = quotedText(findings.language(), line.decoded(shown));
-        return std::vector{nameOf(findings, kind), quoted, saved.value_or("")};
+        const std::string quoted = line.quoted(findings.language(), shown);
+        return std::array{nameOf(findings, kind), quoted, saved.value_or("")};
     };
     const char* const begin = shown.empty() ? field.data() : shown.data();
     const std::vector<std::string_view> parts = splitFields(field);
@@ -162,71 +175,72 @@ NumberState checkNumber(Findings& findings, const CheckedLine& line, std::option
     }
     if (parts.size() > 1)
         return NumberState::Odd;
-    if (extent.number.empty() || !extent.surplus.empty()) {
-        const char* const fault = extent.number.empty() ? begin : extent.surplus.data();
+    const bool isFraction = kind.isRounded() && saved && readReal(shown) != readReal(*saved);
+    if (extent.number.empty() || !extent.surplus.empty() || isFraction) {
+        const char* const fault = extent.number.empty() || isFraction ? begin : extent.surplus.data();
         findings.add(Rule::NumberText, line.placeOf(fault), source, [&] {
-            const std::string quoted = quotedText(findings.language(), line.decoded(shown));
-            return std::vector{nameOf(findings, kind), quoted, kind.pattern ? integerText(readInteger(field)) : *saved};
+            const std::string quoted = line.quoted(findings.language(), shown);
+            return std::array{nameOf(findings, kind), quoted, kind.pattern ? integerText(readInteger(field)) : *saved,
+                kind.pattern ? findings.text("celé číslo", "a whole number")
+                             : findings.text("číslo s desetinnou tečkou", "a number with a decimal point")};
         });
         return NumberState::Odd;
     }
-    if (kind.saved == FieldKind::Saved::Anew && shown != *saved) {
-        const bool isSame = readReal(shown) == readReal(*saved);
-        findings.add(isSame ? Rule::Rewritten : Rule::DigitsLost, line.placeOf(begin), source, values);
-    }
+    if (kind.saved == FieldKind::Saved::Anew && shown != *saved && readReal(shown) != readReal(*saved))
+        findings.add(Rule::DigitsLost, line.placeOf(begin), source, values);
     return NumberState::Sound;
 }
 
-void joinDecimalCommas(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
-    std::vector<std::string_view>& fields, std::size_t expected)
+bool checkRecordNumber(
+    Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source, std::string_view field)
 {
-    const auto beginsWithBlank = [](std::string_view field) { return !field.empty() && isBlank(field.front()); };
-    // Every number with a comma would make twice as many: more are something else.
-    if (fields.size() > 2 * expected || std::none_of(fields.begin(), fields.end(), beginsWithBlank))
-        return;
-    // The number of the source is whole: a comma behind it is only one without a blank.
-    for (std::size_t i = 2; i < fields.size() && fields.size() > expected;) {
-        const std::string_view before = fields[i - 1];
-        const std::string_view after = fields[i];
-        if (before.empty() || !isDigit(before.back()) || after.empty() || !isDigit(after.front())) {
-            ++i;
-            continue;
+    constexpr FieldKind kind{"číslo zdroje", "source number", Pattern::SourceNumber, FieldKind::Saved::AsRead};
+    if (!source) {
+        try {
+            static_cast<void>(readReal(field));
+            return true;
+        } catch (const ArithmeticFault&) {
+            // Reported below: what is no real is no integer either.
         }
-        const std::string_view joined(
-            before.data(), static_cast<std::size_t>(after.data() - before.data()) + after.size());
-        findings.add(Rule::DecimalComma, line.placeOf(after.data() - 1), source,
-            [&] { return std::vector{quotedText(findings.language(), line.decoded(trimBlanks(joined)))}; });
-        fields[i - 1] = joined;
-        fields.erase(fields.begin() + static_cast<std::ptrdiff_t>(i));
     }
+    return checkNumber(findings, line, source, field, kind) != NumberState::OutOfRange;
 }
 
 void reportFieldCount(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
-    std::size_t count, std::size_t expected)
+    const std::vector<std::string_view>& fields, std::size_t count, std::size_t expected)
 {
-    findings.add(Rule::FieldCount, line.place(), source, [&] {
-        return std::vector{integerText(static_cast<std::int32_t>(count)),
+    const bool isShort = count < expected;
+    const std::size_t surplus = isShort ? 0 : count - expected;
+    const std::string_view at = trimBlanks(isShort ? fields.back() : fields[fields.size() - surplus]);
+    findings.add(Rule::FieldCount, line.placeOf(isShort ? at.data() + at.size() : at.data()), source, [&] {
+        return std::array{integerText(static_cast<std::int32_t>(count)),
             integerText(static_cast<std::int32_t>(expected)),
-            count < expected
-                ? findings.text("chybějící se čtou jako 0, doplňte je", "missing ones are read as 0, fill them in")
-                : findings.text("nadbytečná se přeskočí; nejde o desetinnou čárku?",
-                    "surplus ones are skipped; is there a decimal comma?")};
+            isShort ? findings.text("chybějící se čtou jako 0, doplňte je", "missing ones are read as 0, fill them in")
+                    : findings.text("nadbytečná se přeskočí; nejde o desetinnou čárku?",
+                        "surplus ones are skipped; is there a decimal comma?")};
     });
 }
 
-void checkCodePage(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source)
+void checkForm(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source, std::string_view saved)
 {
-    if (line.isUtf8)
+    const std::string_view written = line.bytes;
+    const auto differing = std::mismatch(written.begin(), written.end(), saved.begin(), saved.end());
+    if (differing.first == written.end() && differing.second == saved.end())
         return;
-    constexpr std::string_view undefined = "\x81\x83\x88\x90\x98";
-    for (std::size_t at = line.bytes.find_first_of(undefined); at != std::string_view::npos;
-         at = line.bytes.find_first_of(undefined, at + 1)) {
-        findings.add(Rule::CodePage, line.placeOf(line.bytes.data() + at), source, [&] {
-            const auto byte = static_cast<unsigned char>(line.bytes[at]);
-            constexpr std::string_view digits = "0123456789ABCDEF";
-            return std::vector{std::string{digits[byte >> 4U], digits[byte & 15U]}};
-        });
-    }
+    const auto at = static_cast<std::size_t>(differing.first - written.begin());
+    // The comma in front of a surplus field belongs to it.
+    const std::size_t comma = written.substr(0, at).rfind(',');  // none: one in front of 0
+    const bool isSurplus = at < written.size() && written[at] == ',';
+    const std::size_t begin = isSurplus ? at : comma + 1;
+    const auto fieldOf = [begin, at, isSurplus](std::string_view text) {
+        return text.substr(begin, text.find(',', isSurplus ? at + 1 : at) - begin);
+    };
+    const std::string_view differs = fieldOf(written);
+    if (findings.hasChangeUpTo(line.placeOf(differs.data() + differs.size())))
+        return;
+    findings.add(Rule::Rewritten, line.placeOf(written.data() + at), source, [&] {
+        return std::array{line.quoted(findings.language(), differs), line.quoted(findings.language(), fieldOf(saved))};
+    });
 }
 
 std::optional<std::int32_t> integerOf(std::string_view field)

@@ -19,14 +19,14 @@ namespace korvex {
 struct CheckedLine {
     std::string_view bytes;
     CheckedFile file = CheckedFile::Points;
-    std::size_t number = 0;  // from 1
+    std::uint32_t number = 0;  // from 1
     bool isUtf8 = false;
 
     /// The place of a byte of the line, or of its beginning.
     [[nodiscard]] Place placeOf(const char* at) const;
     [[nodiscard]] Place place() const { return {file, number, 1}; }
-    /// UTF-8 of a piece of the line.
-    [[nodiscard]] std::string decoded(std::string_view piece) const;
+    /// The beginning of a piece of the line between quotation marks.
+    [[nodiscard]] std::string quoted(Language language, std::string_view piece) const;
 };
 
 /// Where a number stands in a field, as the lenient reader finds it.
@@ -44,6 +44,9 @@ struct FieldKind {
     std::optional<Pattern> pattern;  // of a whole number; none: a real
     /// Whether the program writes the field anew, or keeps it as it was.
     enum class Saved { Anew, AsRead } saved = Saved::Anew;
+
+    /// A kept whole number: nothing else would tell that it is read rounded.
+    [[nodiscard]] bool isRounded() const { return saved == Saved::AsRead && pattern == Pattern::Plain; }
 };
 
 /// What a field turned out to hold.
@@ -57,20 +60,23 @@ enum class NumberState {
 NumberState checkNumber(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
     std::string_view field, const FieldKind& kind);
 
+/// Checks the number that a description or dust record is found by; source: that number, if it is a whole one. It is
+/// read as a real, so one that no source can have, such as 12.4 or 7000000001, is nothing worse than of no source.
+/// False: the file cannot be loaded.
+[[nodiscard]] bool checkRecordNumber(
+    Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source, std::string_view field);
+
 /// The fields of a text between commas.
 [[nodiscard]] std::vector<std::string_view> splitFields(std::string_view text);
 
-/// Joins fields that a decimal comma has torn apart, as long as there are more than expected: two runs of digits
-/// without a blank between them, where the record has a blank behind its other commas. Reports each.
-void joinDecimalCommas(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
-    std::vector<std::string_view>& fields, std::size_t expected);
-
-/// Reports a record with another number of fields than expected.
+/// Reports a record with another number of fields than expected, at the first one that is missing or surplus.
+/// count: of all fields that the record is to have, which the number of fields here is perhaps only the rest of.
 void reportFieldCount(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
-    std::size_t count, std::size_t expected);
+    const std::vector<std::string_view>& fields, std::size_t count, std::size_t expected);
 
-/// Reports bytes that the code page lacks, in a line that is no UTF-8.
-void checkCodePage(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source);
+/// Reports where a record differs from what the program would save for it, unless something more serious was reported
+/// in front of that or in the same field.
+void checkForm(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source, std::string_view saved);
 
 /// The number that a field holds, if it holds a whole one that fits.
 [[nodiscard]] std::optional<std::int32_t> integerOf(std::string_view field);

@@ -1,5 +1,7 @@
 #include "command_context.h"
 
+#include "message.h"
+
 namespace korvex {
 
 void CommandContext::fail(std::string_view message)
@@ -16,7 +18,7 @@ void CommandContext::fail(const FileError& error)
         place << ':' << error.line;
     if (!error.path.empty())
         place << ": ";
-    fail(place.text() + error.description);
+    fail(place.text() + errorText(language, error));
 }
 
 }  // namespace korvex

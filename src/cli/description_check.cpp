@@ -1,10 +1,13 @@
 #include "description_check.h"
 
+#include "arithmetic_fault.h"
 #include "blanks.h"
+#include "decimal_comma.h"
 #include "fields.h"
 #include "message.h"
 #include "physics_check.h"
 #include "plain_number.h"
+#include "source.h"
 #include "source_type.h"
 
 #include <algorithm>
@@ -17,11 +20,6 @@ namespace korvex {
 namespace {
 
 constexpr std::size_t fieldCount = 10;
-constexpr FieldKind numberKind{"číslo zdroje", "source number", Pattern::SourceNumber};
-constexpr FieldKind keptNumberKind{"číslo zdroje", "source number", Pattern::SourceNumber, FieldKind::Saved::AsRead};
-/// Not read, and written as 0.
-constexpr FieldKind closingKind{"poslední pole komína", "last field of a stack", Pattern::Plain};
-
 using Symbols = std::array<const char*, fieldCount - 1>;
 constexpr Symbols stackSymbols{"M", "H", "Vs", "ts", "d", "w0", "Alfa", "Pd", ""};
 constexpr Symbols areaSymbols{"ME", "H", "Vs", "ts/Delta h", "d", "w0", "Alfa", "Pd", "Y0"};
@@ -37,15 +35,26 @@ FieldKind parameterKind(const char* symbol)
     return {symbol, symbol, std::nullopt};
 }
 
-void checkClosingField(Findings& findings, const CheckedLine& line, std::int32_t number, std::string_view closing)
+/// A stack ends with a field that is always 0: with it a record is complete, whatever blanks it lacks.
+bool isComplete(const std::vector<std::string_view>& fields, const SourceType* type)
 {
-    const std::string_view shown = trimBlanks(closing);
-    if (shown == "0")
-        return;
-    findings.add(Rule::Rewritten, line.placeOf(shown.empty() ? closing.data() : shown.data()), number, [&] {
-        return std::vector{findings.text(closingKind.czech, closingKind.english),
-            quotedText(findings.language(), line.decoded(shown)), std::string("0")};
-    });
+    return type != nullptr && type->hasDust && fields.size() == fieldCount && trimBlanks(fields.back()) == "0";
+}
+
+/// Whether a record, from its first comma on, is nothing but nine numbers that a save keeps, with a blank in front of
+/// each: of its content there is then nothing to say.
+bool isWellFormed(std::string_view rest)
+{
+    constexpr std::uint64_t mostKept = 9999999;
+    for (std::size_t i = 1; i < fieldCount; ++i) {
+        if (rest.size() < 2 || rest.front() != ',' || !isBlank(rest[1]))
+            return false;
+        rest.remove_prefix(1);
+        const PlainNumber number = PlainNumber::take(rest);
+        if (!number.isSingle() || number.digits > mostKept)
+            return false;
+    }
+    return rest.empty();
 }
 
 }  // namespace
@@ -54,25 +63,23 @@ CheckedPoint* DescriptionCheck::sourceOf(const CheckedLine& line, std::optional<
 {
     CheckedPoint* const point = number ? m_points.find(*number) : nullptr;
     if (point == nullptr) {
-        m_findings.add(Rule::OrphanDescription, line.place(), number, [&] {
-            return std::vector{quotedText(m_findings.language(), line.decoded(trimBlanks(field(line.bytes, ',', 1))))};
-        });
+        m_findings.add(Rule::OrphanDescription, line.place(), number,
+            [&] { return std::array{line.quoted(m_findings.language(), trimBlanks(field(line.bytes, ',', 1)))}; });
         return nullptr;
     }
     if (point->descriptionLine != 0) {
         m_findings.add(Rule::SecondDescription, line.place(), number,
-            [&] { return std::vector{integerText(static_cast<std::int32_t>(point->descriptionLine))}; });
+            [&] { return std::array{integerText(static_cast<std::int32_t>(point->descriptionLine))}; });
         return nullptr;
     }
-    point->descriptionLine = static_cast<std::uint32_t>(line.number);
+    point->descriptionLine = line.number;
     return point;
 }
 
-bool DescriptionCheck::isAsSaved(
-    std::string_view record, std::int32_t number, const SourceType& type, const PlainParameters& parameters)
+std::string_view DescriptionCheck::savedRecord(
+    std::int32_t number, const SourceType& type, const PlainParameters& parameters)
 {
-    std::array<char, fieldCount*(widestNumber + 2)> buffer;
-    char* end = putInteger(buffer.data(), number, Pattern::SourceNumber);
+    char* end = putInteger(m_saved.data(), number, Pattern::SourceNumber);
     for (std::size_t i = 0; i < static_cast<std::size_t>(type.parameterCount); ++i) {
         *end++ = ',';
         *end++ = ' ';
@@ -80,7 +87,7 @@ bool DescriptionCheck::isAsSaved(
     }
     if (type.hasDust)
         end = std::copy_n(", 0", 3, end);
-    return record == std::string_view(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
+    return {m_saved.data(), static_cast<std::size_t>(end - m_saved.data())};
 }
 
 void DescriptionCheck::take(const CheckedLine& line)
@@ -92,12 +99,19 @@ void DescriptionCheck::take(const CheckedLine& line)
     const SourceType* const type = point == nullptr ? nullptr : sourceTypeOf(point->typeId);
     PlainParameters parameters;
     if (type == nullptr || point->descriptionLine != 0
-        || !readPlainParameters(line.bytes, type->parameterCount, parameters)
-        || !isAsSaved(line.bytes, point->number, *type, parameters)) {
+        || !readPlainParameters(line.bytes, type->parameterCount, parameters)) {
         checkOddRecord(line);
         return;
     }
-    point->descriptionLine = static_cast<std::uint32_t>(line.number);
+    const std::string_view saved = savedRecord(point->number, *type, parameters);
+    const bool isAsSaved = line.bytes == saved;
+    if (!isAsSaved && !isWellFormed(rest)) {
+        checkOddRecord(line);
+        return;
+    }
+    point->descriptionLine = line.number;
+    if (!isAsSaved)
+        checkForm(m_findings, line, point->number, saved);
     checkPhysics(m_findings, {line, *point, *type, parameters, m_pressure});
 }
 
@@ -106,17 +120,16 @@ void DescriptionCheck::checkOddRecord(const CheckedLine& line)
 {
     std::vector<std::string_view> fields = splitFields(line.bytes);
     const std::optional<std::int32_t> number = integerOf(fields.front());
-    // A number such as 12.4 is not saved as 12: it belongs to no source.
-    const FieldKind& kind = number ? numberKind : keptNumberKind;
-    if (checkNumber(m_findings, line, number, fields.front(), kind) == NumberState::OutOfRange)
+    if (!checkRecordNumber(m_findings, line, number, fields.front()))
         return;
     CheckedPoint* const point = sourceOf(line, number);
     if (point == nullptr)
         return;
-    joinDecimalCommas(m_findings, line, number, fields, fieldCount);
-    if (fields.size() != fieldCount)
-        reportFieldCount(m_findings, line, number, fields.size(), fieldCount);
     const SourceType* const type = sourceTypeOf(point->typeId);
+    if (!isComplete(fields, type))
+        joinDecimalCommas(m_findings, line, number, fields, {fieldCount, fieldCount - 1, widestNumber});
+    if (fields.size() != fieldCount)
+        reportFieldCount(m_findings, line, number, fields, fields.size(), fieldCount);
     if (type == nullptr)
         return;
     const auto count = static_cast<std::size_t>(type->parameterCount);
@@ -128,11 +141,22 @@ void DescriptionCheck::checkOddRecord(const CheckedLine& line)
         isSound = isSound && state == NumberState::Sound;
         parameters[i] = state == NumberState::OutOfRange ? 0.0F : readSingle(fields[i + 1]);
     }
-    if (type->hasDust && fields.size() == fieldCount)
-        checkClosingField(m_findings, line, *number, fields[fieldCount - 1]);
+    checkSavedForm(line, *number, *type);
     // Of a record with unreadable, missing or shifted fields the values mean nothing.
     if (isSound && fields.size() == fieldCount)
         checkPhysics(m_findings, {line, *point, *type, parameters, m_pressure});
+}
+
+void DescriptionCheck::checkSavedForm(const CheckedLine& line, std::int32_t number, const SourceType& type)
+{
+    cZdroje source(type);
+    try {
+        source.LineParameters(line.bytes);
+    } catch (const ArithmeticFault&) {
+        return;  // reported: the file cannot be loaded, so nothing is saved either
+    }
+    source.renumber(number);
+    checkForm(m_findings, line, number, source.LineParameters());
 }
 
 }  // namespace korvex

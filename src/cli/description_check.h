@@ -7,9 +7,11 @@
 #include "number_text.h"
 #include "plain_records.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string_view>
 
 namespace korvex {
 
@@ -28,14 +30,16 @@ public:
 private:
     /// The source of a record; null when there is none, or when it is not the source's first one.
     CheckedPoint* sourceOf(const CheckedLine& line, std::optional<std::int32_t> number);
-    [[nodiscard]] bool isAsSaved(
-        std::string_view record, std::int32_t number, const SourceType& type, const PlainParameters& parameters);
+    [[nodiscard]] std::string_view savedRecord(
+        std::int32_t number, const SourceType& type, const PlainParameters& parameters);
     void checkOddRecord(const CheckedLine& line);
+    void checkSavedForm(const CheckedLine& line, std::int32_t number, const SourceType& type);
 
     Findings& m_findings;
     CheckedPoints& m_points;
     float m_pressure;
     SingleTexts m_texts;
+    std::array<char, std::size_t{10} * (widestNumber + 2)> m_saved{};
 };
 
 }  // namespace korvex

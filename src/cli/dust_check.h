@@ -13,6 +13,8 @@
 
 namespace korvex {
 
+struct SourceType;
+
 /// The groups of one file by number, each with its line.
 using GroupLinesByNumber = std::map<std::int32_t, std::size_t>;
 
@@ -37,8 +39,12 @@ private:
     {
         return m_groups == nullptr || m_groups->find(group) != m_groups->end();
     }
+    void checkSavedForm(const CheckedLine& line, std::int32_t number, const SourceType& type);
     void checkWidth(const CheckedLine& line, std::int32_t number, std::string_view numberField);
-    void checkDescription(const CheckedLine& line, std::int32_t number, std::string_view description);
+    void checkDescription(
+        const CheckedLine& line, std::int32_t number, std::string_view numberField, std::string_view description);
+    [[nodiscard]] bool isPlausible(const std::vector<std::string_view>& fields, std::size_t groupAt) const;
+    void joinDensity(const CheckedLine& line, std::int32_t number, std::vector<std::string_view>& fields);
     void checkReference(
         const CheckedLine& line, std::int32_t number, const std::vector<std::string_view>& fields, std::int32_t group);
 

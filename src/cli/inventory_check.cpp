@@ -2,49 +2,20 @@
 
 #include "checked_line.h"
 #include "checked_points.h"
-#include "code_page.h"
+#include "checked_text.h"
 #include "description_check.h"
 #include "dust_check.h"
-#include "fields.h"
+#include "file_look.h"
 #include "input_file.h"
 #include "points_check.h"
+#include "source_files.h"
 
-#include <optional>
-#include <string_view>
+#include <cstddef>
+#include <string>
 
 namespace korvex {
 
 namespace {
-
-/// What is to be said of every line, comments included.
-class LinesOfFile {
-public:
-    LinesOfFile(Findings& findings, CheckedFile file) : m_findings(findings), m_file(file) { }
-
-    CheckedLine take(const TextLine& text)
-    {
-        CheckedLine line{text.bytes, m_file, text.number};
-        if (asciiLength(line.bytes) == line.bytes.size())
-            return line;
-        line.isUtf8 = looksLikeUtf8(line.bytes);
-        if (line.isUtf8 && !m_hasUtf8) {
-            const std::size_t first = asciiLength(line.bytes);
-            m_findings.add(Rule::Utf8, line.placeOf(line.bytes.data() + first), std::nullopt);
-            m_hasUtf8 = true;
-        }
-        constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-        if (line.number == 1 && line.bytes.substr(0, byteOrderMark.size()) == byteOrderMark)
-            line.bytes.remove_prefix(byteOrderMark.size());
-        const bool isRecord = !isCommentLine(line.bytes);
-        checkCodePage(m_findings, line, isRecord ? roundedOf(field(line.bytes, ',', 1)) : std::nullopt);
-        return line;
-    }
-
-private:
-    Findings& m_findings;
-    CheckedFile m_file;
-    bool m_hasUtf8 = false;
-};
 
 /// Opens a file and hands over its records.
 template <class Take>
@@ -53,26 +24,68 @@ Result<void> forEachRecord(const std::string& path, CheckedFile kind, Findings& 
     Result<InputFile> file = InputFile::open(path, calls);
     if (!file.ok())
         return file.error();
-    LinesOfFile lines(findings, kind);
+    CheckedText checked(findings, kind);
     LineReader reader(file.value());
     TextLine text;
     for (;;) {
+        const std::size_t begin = reader.position();
         const Result<bool> more = reader.next(text);
         if (!more.ok())
             return more.error();
-        if (!more.value())
+        if (!more.value()) {
+            checked.finish();
             return {};
-        const CheckedLine line = lines.take(text);
+        }
+        const CheckedLine line = checked.take(text.bytes, text.number, reader.position() - begin);
         if (!isCommentLine(line.bytes))
             take(line);
     }
+}
+
+/// Which of the files are what they should be; false also for one that is not given.
+struct SoundFiles {
+    bool points = false;
+    bool description = false;
+    bool dust = false;
+    bool groups = false;
+};
+
+Result<SoundFiles> lookAtFiles(const CheckRequest& request, Findings& findings, FileCalls& calls)
+{
+    SoundFiles sound;
+    struct Look {
+        CheckedFile kind;
+        const std::string& path;
+        bool& isSound;
+    };
+    for (const Look& look : {Look{CheckedFile::Points, request.files.points, sound.points},
+             Look{CheckedFile::Description, request.files.description, sound.description},
+             Look{CheckedFile::Dust, request.files.dust, sound.dust},
+             Look{CheckedFile::Groups, request.groups, sound.groups}}) {
+        const bool isLeftOut
+            = look.path.empty() && (look.kind == CheckedFile::Dust || look.kind == CheckedFile::Groups);
+        if (isLeftOut)
+            continue;
+        const Result<bool> right = looksRight(findings, look.kind, look.path, calls);
+        if (!right.ok())
+            return right.error();
+        look.isSound = right.value();
+    }
+    return sound;
 }
 
 }  // namespace
 
 Result<CheckedInventory> checkInventory(const CheckRequest& request, Findings& findings, FileCalls& calls)
 {
+    const Result<SoundFiles> looked = lookAtFiles(request, findings, calls);
+    if (!looked.ok())
+        return looked.error();
+    const SoundFiles sound = looked.value();
     CheckedPoints points;
+    // Without the points nothing can be told of the other files.
+    if (!sound.points)
+        return CheckedInventory{};
     Result<void> read = forEachRecord(request.files.points, CheckedFile::Points, findings, calls,
         [&](const CheckedLine& line) { checkPointsRecord(findings, line, points); });
     if (!read.ok())
@@ -81,27 +94,28 @@ Result<CheckedInventory> checkInventory(const CheckRequest& request, Findings& f
     checkNumbers(findings, points);
     checkPlaces(findings, points);
 
-    DescriptionCheck description(findings, points, request.pressure);
-    read = forEachRecord(request.files.description, CheckedFile::Description, findings, calls,
-        [&](const CheckedLine& line) { description.take(line); });
-    if (!read.ok())
-        return read.error();
-
+    if (sound.description) {
+        DescriptionCheck description(findings, points, request.pressure);
+        read = forEachRecord(request.files.description, CheckedFile::Description, findings, calls,
+            [&](const CheckedLine& line) { description.take(line); });
+        if (!read.ok())
+            return read.error();
+    }
     GroupLinesByNumber groups;
-    if (!request.groups.empty()) {
+    if (sound.groups) {
         read = forEachRecord(request.groups, CheckedFile::Groups, findings, calls,
             [&](const CheckedLine& line) { checkGroupLine(findings, line, groups); });
         if (!read.ok())
             return read.error();
     }
-    if (!request.files.dust.empty()) {
-        DustCheck dust(findings, points, request.groups.empty() ? nullptr : &groups);
+    if (sound.dust) {
+        DustCheck dust(findings, points, sound.groups ? &groups : nullptr);
         read = forEachRecord(
             request.files.dust, CheckedFile::Dust, findings, calls, [&](const CheckedLine& line) { dust.take(line); });
         if (!read.ok())
             return read.error();
     }
-    checkPartners(findings, points, request.files.dust.empty() ? DustUse::None : DustUse::WithFile);
+    checkPartners(findings, points, {sound.description, sound.dust});
     return CheckedInventory{points.count()};
 }
 

@@ -1,18 +1,22 @@
 // Messages with places for values: the two languages put the values in different orders.
 #pragma once
 
+#include "file_error.h"
 #include "language.h"
 
+#include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace korvex {
 
-/// The pattern with {0}, {1} … replaced by the values; a place without a value stays as it is.
-[[nodiscard]] std::string filled(std::string_view pattern, const std::vector<std::string>& values);
+/// Appends the pattern with {0}, {1} … replaced by the values; a place without a value stays as it is.
+void appendFilled(std::string& out, std::string_view pattern, std::span<const std::string_view> values);
 
 /// The beginning of a text from a file (UTF-8) between quotation marks; what cannot be printed is "?".
 [[nodiscard]] std::string quotedText(Language language, std::string_view utf8);
+
+/// What went wrong with a file. The core says it in Czech; in English what the system says of files.
+[[nodiscard]] std::string errorText(Language language, const FileError& error);
 
 }  // namespace korvex

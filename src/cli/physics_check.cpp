@@ -9,6 +9,7 @@
 #include "stack_gas.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <string>
@@ -92,8 +93,8 @@ void checkEmission(Findings& findings, const DescribedSource& source)
 
 void checkVs(Findings& findings, const DescribedSource& source)
 {
-    // With zeros there is nothing to compare; the ranges tell.
-    if (!(valueOf(source, Vs) > 0.0F && valueOf(source, d) > 0.0F && valueOf(source, w0) > 0.0F))
+    // Without a cross-section or a velocity there is nothing to compare with; the ranges tell.
+    if (!(valueOf(source, d) > 0.0F && valueOf(source, w0) > 0.0F))
         return;
     double expected = 0.0;
     try {
@@ -107,9 +108,10 @@ void checkVs(Findings& findings, const DescribedSource& source)
     const double difference = 100.0 * std::abs(valueOf(source, Vs) - expected) / expected;
     if (difference <= static_cast<double>(limits::vsDifference.value))
         return;
+    static const std::string limit = singleText(limits::vsDifference.value);
     findings.add(Rule::VsMismatch, placeOf(source, Vs), source.point.number, [&] {
-        return std::vector{singleText(valueOf(source, Vs)), singleText(source.pressure),
-            singleText(static_cast<float>(expected)), shortText(difference), singleText(limits::vsDifference.value)};
+        return std::array{singleText(valueOf(source, Vs)), singleText(source.pressure),
+            singleText(static_cast<float>(expected)), shortText(difference), limit};
     });
 }
 
@@ -120,7 +122,7 @@ void checkDiameter(Findings& findings, const DescribedSource& source)
     if (height <= 0.0F || diameter <= height * limits::diameterToHeight.value)
         return;
     findings.add(Rule::DiameterHeight, placeOf(source, d), source.point.number, [&] {
-        return std::vector{singleText(diameter), singleText(height),
+        return std::array{singleText(diameter), singleText(height),
             shortText(static_cast<double>(diameter) / static_cast<double>(height)),
             singleText(limits::diameterToHeight.value)};
     });
@@ -132,7 +134,7 @@ void checkPlumeRise(Findings& findings, const DescribedSource& source)
     if (hasGas(source) || rise <= limits::highestPlumeRise.value)
         return;
     findings.add(Rule::PlumeRise, placeOf(source, ts), source.point.number, [&] {
-        return std::vector{singleText(rise), singleText(limits::highestPlumeRise.value)};
+        return std::array{singleText(rise), singleText(limits::highestPlumeRise.value)};
     });
 }
 
@@ -152,7 +154,7 @@ void checkMidpoint(Findings& findings, const DescribedSource& source)
     // The place to mend is in the points file.
     const Place place{CheckedFile::Points, source.point.line, source.point.columnOfX};
     findings.add(Rule::Midpoint, place, source.point.number, [&] {
-        return std::vector{integerText(source.point.x), integerText(source.point.y), integerText(x), integerText(y),
+        return std::array{integerText(source.point.x), integerText(source.point.y), integerText(x), integerText(y),
             shortText(static_cast<double>(off)), singleText(limits::midpointDistance.value)};
     });
 }
@@ -163,7 +165,7 @@ void checkRoad(Findings& findings, const DescribedSource& source)
     const float y1 = valueOf(source, Y1el);
     if (x1 == valueOf(source, X2el) && y1 == valueOf(source, Y2el)) {
         findings.add(Rule::NoLength, placeOf(source, X1el), source.point.number, [&] {
-            return std::vector{singleText(x1), singleText(y1)};
+            return std::array{singleText(x1), singleText(y1)};
         });
     } else {
         checkMidpoint(findings, source);

@@ -66,7 +66,7 @@ void checkDistance(Findings& findings, const CheckedPoint& point, const Axis& ax
     if (beyond <= spread.allowed)
         return;
     findings.add(Rule::FarAway, {CheckedFile::Points, point.line, point.*axis.column}, point.number, [&] {
-        return std::vector<std::string>{axis.name, integerText(value), kilometres(beyond),
+        return std::array<std::string, 6>{axis.name, integerText(value), kilometres(beyond),
             integerText(static_cast<std::int32_t>(spread.low)), integerText(static_cast<std::int32_t>(spread.high)),
             kilometres(spread.allowed)};
     });
@@ -124,7 +124,7 @@ void checkSamePlaces(Findings& findings, const CheckedPoints& points)
         const CheckedPoint& point = points.byNumber()[placed[i].index];
         const CheckedPoint& other = points.byNumber()[placed[first].index];
         findings.add(Rule::SamePlace, {CheckedFile::Points, point.line, point.columnOfX}, point.number, [&] {
-            return std::vector{integerText(point.x), integerText(point.y), integerText(other.number),
+            return std::array{integerText(point.x), integerText(point.y), integerText(other.number),
                 integerText(static_cast<std::int32_t>(other.line))};
         });
     }

@@ -17,10 +17,14 @@ void checkPointsRecord(Findings& findings, const CheckedLine& line, CheckedPoint
 /// Numbers that several sources have. Needs sorted points, as the following.
 void checkNumbers(Findings& findings, const CheckedPoints& points);
 
-enum class DustUse { None, WithFile };
+/// Which of the other files have been gone through.
+struct PartnerFiles {
+    bool description = false;
+    bool dust = false;
+};
 
-/// Points without a description or dust record, once those files have been gone through.
-void checkPartners(Findings& findings, const CheckedPoints& points, DustUse dust);
+/// Points without a description or dust record.
+void checkPartners(Findings& findings, const CheckedPoints& points, const PartnerFiles& files);
 
 /// Coordinates far from all others, and several sources at one place.
 void checkPlaces(Findings& findings, const CheckedPoints& points);

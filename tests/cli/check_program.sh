@@ -36,7 +36,7 @@ planted=("$fixtures/range-d/body.txt" "$fixtures/range-d/popis.txt" "$fixtures/r
 run 0 check "${inventory[@]}" --groups "$examples/skupiny.spr"
 says out "Zdrojů: 16, nálezů: 0"
 run 1 check "${planted[@]}"
-says out "popis.txt:2:30: varování [range-d] zdroj 1: d = 0 m je mimo 0.02 až 15 m"
+says out "popis.txt:2:30: varování [range-d] zdroj 1: d = 0 m je mimo 0.02 až 90 m"
 run 1 --lang en check "${planted[@]}" --max 1
 says out "Only the first are listed: 1"
 run 1 check "${planted[@]}" --json
@@ -48,15 +48,25 @@ says out "nálezů: 1"
 run 1 check "${planted[@]}" --only range-d
 says out "nálezů: 2"
 run 0 check --explain range-d --lang en
-says out "d (point source): 0.02 to 15 m"
+says out "d (point source): 0.02 to 90 m"
+run 0 check --explain range-d --json
+says out '"value": "0.02 až 90 m"'
 
 run 2 check "$work/none" "$examples/popis.txt"
-says err "$work/none: "
+says err "$work/none: Soubor nebo složka neexistuje."
+run 2 --lang en check "$work/none" "$examples/popis.txt"
+says err "$work/none: The file or folder does not exist."
+run 2 --lang en check "$work" "$examples/popis.txt"
+says err "$work: This is a folder, not a file."
+run 1 check "$examples/popis.txt" "$examples/body.txt" --lang en
+says out "body.txt:1:1: error [wrong-file] this looks like the points file, but should be the description file"
 run 2 check "$examples/body.txt"
 says err "Zadejte soubor s body a soubor s popisem."
 run 2 check "${planted[@]}" --skip no-such-rule
 says err "no-such-rule"
 run 2 check "${planted[@]}" --pressure 3
+run 2 check "${planted[@]}" --max -3
+says err "--max"
 run 2
 says err "Chybí příkaz."
 run 2 nonsense

@@ -6,7 +6,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,6 +38,10 @@ TEST(CheckedLine, OnlyWellFormedUtf8LooksLikeUtf8)
     EXPECT_FALSE(looksLikeUtf8("\xC5"));
     EXPECT_FALSE(looksLikeUtf8("č\xE8"));
     EXPECT_FALSE(looksLikeUtf8("\xC0\x80"));
+    EXPECT_FALSE(looksLikeUtf8("\xE0\x80\x80"));
+    EXPECT_FALSE(looksLikeUtf8("\xED\xA0\x80"));
+    EXPECT_FALSE(looksLikeUtf8("\xF0\x80\x80\x80"));
+    EXPECT_FALSE(looksLikeUtf8("\xF4\x90\x80\x80"));
 }
 
 struct NumberCase {
@@ -88,10 +94,19 @@ TEST(CheckedPoints, NothingIsFoundAmongNone)
     EXPECT_EQ(points.find(0), nullptr);
 }
 
+std::string filled(std::string_view pattern, std::span<const std::string_view> values)
+{
+    std::string out;
+    appendFilled(out, pattern, values);
+    return out;
+}
+
 TEST(Message, PlacesAreFilledOnceAndInAnyOrder)
 {
-    EXPECT_EQ(filled("{1} of {0}, {2}", {"a", "{0}"}), "{0} of a, {2}");
-    EXPECT_EQ(filled("{", {"a"}), "{");
+    const std::array<std::string_view, 2> values{"a", "{0}"};
+    EXPECT_EQ(filled("{1} of {0}, {2}", values), "{0} of a, {2}");
+    EXPECT_EQ(filled("{", values), "{");
+    EXPECT_EQ(filled("{x}{0}", values), "{x}a");
 }
 
 TEST(Message, LongAndUnprintableTextsAreCut)
