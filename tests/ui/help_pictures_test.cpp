@@ -1,5 +1,5 @@
 // The pictures of the help and the README are the windows as they are: draws every window anew and compares. What was
-// drawn is in build/…/pictures; with KORVEX_UPDATE_PICTURES set it takes the place of the pictures of the help.
+// drawn is in build/pictures; with KORVEX_UPDATE_PICTURES set it takes the place of the pictures of the help.
 #include "example_town_test.h"
 
 #include <QApplication>

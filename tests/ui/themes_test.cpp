@@ -1,6 +1,6 @@
 // Every window in a light, a dark and a high-contrast theme, with a usual and a large font: whole and readable. A
 // second run draws at the double scale. A picture with something wrong in it, or with KORVEX_KEEP_PICTURES set every
-// one, is kept in build/…/pictures, in a folder for each look.
+// one, is kept in build/pictures, in a folder for each look.
 #include "example_town_test.h"
 #include "look_checks.h"
 #include "theme_palettes.h"
