@@ -167,10 +167,10 @@ void run(CommandContext& context, const DiffArguments& arguments)
             "Name 2 and 2 or 3 and 3 files; else put \"+\" between the sides or use --old and --new."));
         return;
     }
-    const std::optional<Inventory> before = load(context, sides->first);
+    const std::optional<Inventory> before = load(context, sides->first, LoadFor::Reading);
     if (!before)
         return;
-    const std::optional<Inventory> after = load(context, sides->second);
+    const std::optional<Inventory> after = load(context, sides->second, LoadFor::Reading);
     if (!after)
         return;
     Difference difference = differenceOf(*before, *after);

@@ -80,8 +80,9 @@ void run(CommandContext& context, const ExportArguments& arguments)
     if (!coordinateSystem)
         return;
     const std::vector<std::string> paths = pathsOf(arguments);
-    const std::optional<Inventory> inventory = load(context, arguments.input.files());
-    if (!inventory || !mayDropRecords(context, *inventory, arguments.acceptLosses)
+    const std::optional<Inventory> inventory = load(context, arguments.input.files(), LoadFor::Writing,
+        arguments.acceptLosses ? Utf8Files::Accept : Utf8Files::Refuse);
+    if (!inventory || !mayLose(context, *inventory, arguments.acceptLosses)
         || !mayOverwrite(context, paths, arguments.force))
         return;
     if (!arguments.geoJson.empty() && coordinateSystem->empty())

@@ -60,13 +60,18 @@ void run(CommandContext& context, const ExtractArguments& arguments)
     const std::optional<Selection> selection = selectionOf(context, arguments);
     if (!selection)
         return;
-    std::optional<Inventory> inventory = load(context, arguments.input.files());
+    std::optional<Inventory> inventory
+        = load(context, arguments.input.files(), LoadFor::Writing, arguments.output.utf8Files());
     if (!inventory)
         return;
     const SourceFiles output = filesOf(arguments.output.paths);
-    if (!mayWrite(context, {&*inventory}, output, arguments.output))
+    const Take take = arguments.invert ? Take::Others : Take::Matching;
+    const auto isLeftOut = [&](const FindingPlace& place) {
+        return place.position > 0 && selection->matches(inventory->set.at(place.position)) != (take == Take::Matching);
+    };
+    if (!mayWrite(context, {&*inventory}, output, arguments.output, isLeftOut))
         return;
-    const std::size_t dropped = select(inventory->set, *selection, arguments.invert ? Take::Others : Take::Matching);
+    const std::size_t dropped = select(inventory->set, *selection, take);
     if (inventory->set.empty()) {
         context.err << context.text("Podmínkám nevyhovuje žádný zdroj, nic se nezapsalo.\n",
             "No source meets the conditions, nothing was written.\n");

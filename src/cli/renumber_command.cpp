@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace korvex {
 
@@ -68,6 +69,14 @@ bool isPossible(CommandContext& context, const Renumbering& plan)
     return plan.isPossible();
 }
 
+Json jsonOf(const Renumbering& plan, std::size_t written, const std::vector<std::string>& paths)
+{
+    Json json{{"written", written}, {"files", paths}, {"numbers", Json::array()}};
+    for (const NumberChange& change : plan.changes)
+        json["numbers"].push_back({{"old", change.before}, {"new", change.after}});
+    return json;
+}
+
 void run(CommandContext& context, const RenumberArguments& arguments)
 {
     const std::optional<RenumberRequest> request = requestOf(context, arguments);
@@ -80,12 +89,20 @@ void run(CommandContext& context, const RenumberArguments& arguments)
         return;
     }
     const SourceFiles output = arguments.output.paths.empty() ? input : filesOf(arguments.output.paths);
-    std::optional<Inventory> inventory = load(context, input);
+    std::optional<Inventory> inventory = load(context, input, LoadFor::Writing, arguments.output.utf8Files());
     if (!inventory || !mayWrite(context, {&*inventory}, output, arguments.output))
         return;
     const Renumbering plan = planRenumbering(inventory->set, *request);
     if (!isPossible(context, plan))
         return;
+    if (plan.changes.empty()) {
+        context.err << context.text("Žádný zdroj nemá uvedené číslo, nic se nezapsalo.\n",
+            "No source has such a number, nothing was written.\n");
+        context.outcome = Outcome::Findings;
+        if (context.json)
+            writeJson(context, jsonOf(plan, 0, {}));
+        return;
+    }
     renumber(inventory->set, plan);
     if (!write(context, output, inventory->comment, inventory->set, arguments.output))
         return;
@@ -95,10 +112,7 @@ void run(CommandContext& context, const RenumberArguments& arguments)
         sayWritten(context, inventory->set.size(), pathsOf(output));
         return;
     }
-    Json json{{"written", inventory->set.size()}, {"files", pathsOf(output)}, {"numbers", Json::array()}};
-    for (const NumberChange& change : plan.changes)
-        json["numbers"].push_back({{"old", change.before}, {"new", change.after}});
-    writeJson(context, json);
+    writeJson(context, jsonOf(plan, inventory->set.size(), pathsOf(output)));
 }
 
 }  // namespace

@@ -42,21 +42,21 @@ TEST(CliInventory, RecordsWithoutAPartnerAndSecondOnesAreFoundWithTheirLines)
         {"000000001, 1", "", "000000001, 2", "000000002, 1", "12.4, 1", "000000004, 1", "000000099, 1"});
     files.dust = test::writeLines(folder, "prach", {";", "000000003", "000000001,1,1", "000000098,1,1"});
 
-    const Inventory inventory = test::loaded(files);
+    const Inventory inventory = test::loaded(files, LoadFor::Reading);
     EXPECT_THAT(findingsOf(inventory),
         ElementsAre(std::pair(LoadFinding::UnknownType, 3U), std::pair(LoadFinding::MissingDescription, 4U),
-            std::pair(LoadFinding::MissingDust, 5U), std::pair(LoadFinding::DescriptionNotTaken, 3U),
-            std::pair(LoadFinding::DescriptionNotTaken, 5U), std::pair(LoadFinding::DescriptionNotTaken, 7U),
-            std::pair(LoadFinding::DustNotTaken, 2U), std::pair(LoadFinding::DustNotTaken, 4U)))
+            std::pair(LoadFinding::MissingDust, 5U), std::pair(LoadFinding::NotTaken, 3U),
+            std::pair(LoadFinding::NotTaken, 5U), std::pair(LoadFinding::NotTaken, 7U),
+            std::pair(LoadFinding::NotTaken, 2U), std::pair(LoadFinding::NotTaken, 4U)))
         << "the dust of a source without a description is not taken";
     EXPECT_EQ(inventory.findings[4].number, "12.4");
-    EXPECT_EQ(inventory.findings[4].path, files.description);
+    EXPECT_EQ(inventory.pathOf(inventory.findings[4].file), files.description);
 }
 
 TEST(CliInventory, AFileThatIsNotThereIsAnError)
 {
     const test::TemporaryFolder folder;
-    const Result<Inventory> inventory = loadInventory({folder.path("a"), folder.path("b"), ""});
+    const Result<Inventory> inventory = loadInventory({folder.path("a"), folder.path("b"), ""}, LoadFor::Reading);
     ASSERT_FALSE(inventory.ok());
     EXPECT_EQ(inventory.error().path, folder.path("a"));
 }
