@@ -170,7 +170,7 @@ void addCalcCommand(CLI::App& app, CommandContext& context)
         ->required()
         ->check(CLI::IsMember({"vs", "d", "w0", "xy"}))
         ->type_name("vs|d|w0|xy");
-    addInventoryArguments(*command, context, arguments->input);
+    const std::vector<CLI::Option*> inputs = addInventoryArguments(*command, context, arguments->input);
     command
         ->add_option("--pressure", arguments->pressure,
             context.text(
@@ -186,13 +186,16 @@ void addCalcCommand(CLI::App& app, CommandContext& context)
         ->type_name(context.text("ČÍSLA", "NUMBERS"));
     command->add_flag("--dry-run", arguments->dryRun,
         context.text("Jen vypíše staré a nové hodnoty.", "Prints the old and new values only."));
-    addOutputOptions(*command, context, arguments->output);
+    addOutputOptions(*command, context, arguments->output, inputs);
     command->footer(
         context.text("Bez --output se s --force přepíší soubory samy.\n"
                      "Příklad: korvexzdr-cli calc vs body.txt popis.txt prach.txt --pressure 98000 --dry-run",
             "Without --output, --force replaces the files themselves.\n"
             "Example: korvexzdr-cli calc vs body.txt popis.txt prach.txt --pressure 98000 --dry-run"));
-    command->callback([&context, arguments] { run(context, *arguments); });
+    command->callback([&context, arguments, command] {
+        if (sortFiles(context, *command, arguments->input, arguments->output))
+            run(context, *arguments);
+    });
 }
 
 }  // namespace korvex

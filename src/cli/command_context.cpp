@@ -16,7 +16,8 @@ void CommandContext::fail(const FileError& error)
         place << ':' << error.line;
     if (!error.path.empty())
         place << ": ";
-    fail(place.text() + error.description);
+    const bool isEnglish = language == Language::English && !error.english.empty();
+    fail(place.text() + (isEnglish ? error.english : error.description));
 }
 
 }  // namespace korvex

@@ -134,6 +134,58 @@ bool isSameFile(const std::string& a, const std::string& b)
     return std::filesystem::equivalent(a, b, error) && !error;
 }
 
+bool outputStandsFirst(const CLI::App& command, const OutputArguments& output)
+{
+    for (const CLI::Option* const option : command.parse_order()) {
+        if (std::find(output.inputs.begin(), output.inputs.end(), option) != output.inputs.end())
+            return false;
+        if (option->check_lname("output"))
+            return true;
+    }
+    return false;
+}
+
+enum class Inventories { One, Several };
+
+/// Divides a row of files to write and to read behind them where it makes sense: there are as many to write as the
+/// inventory to be written has. False when there is no such place.
+bool divide(OutputArguments& output, std::vector<std::string>& inputs, Inventories inventories)
+{
+    std::vector<std::string> all = output.paths;
+    all.insert(all.end(), inputs.begin(), inputs.end());
+    for (const std::size_t count : {std::size_t{2}, std::size_t{3}}) {
+        const auto middle = all.begin() + static_cast<std::ptrdiff_t>(std::min(count, all.size()));
+        const std::vector<std::string> rest(middle, all.end());
+        const auto groups = filesOfGroups(rest);
+        if (!groups || (groups->size() == 1) != (inventories == Inventories::One))
+            continue;
+        const bool hasDust
+            = std::any_of(groups->begin(), groups->end(), [](const SourceFiles& files) { return !files.dust.empty(); });
+        if ((hasDust && !output.withoutDust) != (count == 3))
+            continue;
+        output.paths.assign(all.begin(), middle);
+        inputs = rest;
+        return true;
+    }
+    return false;
+}
+
+bool sortFiles(CommandContext& context, const CLI::App& command, std::vector<std::string>& inputs,
+    OutputArguments& output, Inventories inventories)
+{
+    if (outputStandsFirst(command, output) && !divide(output, inputs, inventories)) {
+        context.fail(context.text("Za --output mají stát 2 soubory, s prachem 3, a za nimi vstupní soubory.",
+            "Behind --output there have to be 2 files, 3 with dust, and behind them the files to read."));
+        return false;
+    }
+    if (output.paths.size() > 3) {
+        context.fail(
+            context.text("Za --output stojí příliš mnoho souborů.", "There are too many files behind --output."));
+        return false;
+    }
+    return true;
+}
+
 /// An output in the place of an input of another kind is a slip of the hand, even with --force.
 bool crossesKinds(CommandContext& context, const SourceFiles& input, const SourceFiles& output)
 {
@@ -154,21 +206,25 @@ bool crossesKinds(CommandContext& context, const SourceFiles& input, const Sourc
 
 }  // namespace
 
-void addInventoryArguments(CLI::App& command, const CommandContext& context, InventoryArguments& arguments)
+std::vector<CLI::Option*> addInventoryArguments(
+    CLI::App& command, const CommandContext& context, InventoryArguments& arguments)
 {
-    command
-        .add_option(context.text("BODY", "POINTS"), arguments.points, context.text("Soubor s body.", "Points file."))
-        ->required()
-        ->type_name("");
-    command
-        .add_option(context.text("POPIS", "DESCRIPTION"), arguments.description,
-            context.text("Soubor s popisem.", "Description file."))
-        ->required()
-        ->type_name("");
-    command
-        .add_option(context.text("PRACH", "DUST"), arguments.dust,
-            context.text("Soubor s prachem, pokud k soupisu patří.", "Dust file, when the inventory has one."))
-        ->type_name("");
+    return {
+        command
+            .add_option(
+                context.text("BODY", "POINTS"), arguments.points, context.text("Soubor s body.", "Points file."))
+            ->required()
+            ->type_name(""),
+        command
+            .add_option(context.text("POPIS", "DESCRIPTION"), arguments.description,
+                context.text("Soubor s popisem.", "Description file."))
+            ->required()
+            ->type_name(""),
+        command
+            .add_option(context.text("PRACH", "DUST"), arguments.dust,
+                context.text("Soubor s prachem, pokud k soupisu patří.", "Dust file, when the inventory has one."))
+            ->type_name(""),
+    };
 }
 
 void addForceOption(CLI::App& command, const CommandContext& context, bool& force)
@@ -192,17 +248,49 @@ void addDustOption(CLI::App& command, const CommandContext& context, bool& witho
             "Zapíše jen body a popis, prach vynechá.", "Writes points and description only, leaves dust out."));
 }
 
-void addOutputOptions(CLI::App& command, const CommandContext& context, OutputArguments& arguments)
+void addOutputOptions(CLI::App& command, const CommandContext& context, OutputArguments& arguments,
+    const std::vector<CLI::Option*>& inputs)
 {
+    arguments.inputs.assign(inputs.begin(), inputs.end());
     command
         .add_option("-o,--output", arguments.paths,
-            context.text("Kam zapsat: soubor s body, s popisem a s prachem; tato volba ať stojí jako poslední.",
-                "Where to write: points, description and dust file; this option should come last."))
-        ->expected(2, 3)
+            context.text("Kam zapsat: soubor s body, s popisem a s prachem.",
+                "Where to write: points, description and dust file."))
+        ->expected(2, CLI::detail::expected_max_vector_size)
+        ->each([inputs](const std::string& /*path*/) {
+            // Perhaps this option has taken them: sortFiles will tell.
+            for (CLI::Option* const input : inputs)
+                input->required(false);
+        })
         ->option_text(context.text("BODY POPIS [PRACH]", "POINTS DESCRIPTION [DUST]"));
     addForceOption(command, context, arguments.force);
     addLossOption(command, context, arguments.acceptLosses);
     addDustOption(command, context, arguments.withoutDust);
+}
+
+bool sortFiles(CommandContext& context, const CLI::App& command, InventoryArguments& input, OutputArguments& output)
+{
+    std::vector<std::string> inputs;
+    for (const std::string* const path : {&input.points, &input.description, &input.dust}) {
+        if (!path->empty())
+            inputs.push_back(*path);
+    }
+    if (!sortFiles(context, command, inputs, output, Inventories::One))
+        return false;
+    if (inputs.size() < 2) {
+        context.fail(context.text("Uveďte soubor s body a soubor s popisem.", "Name a points and a description file."));
+        return false;
+    }
+    input.points = inputs[0];
+    input.description = inputs[1];
+    input.dust = inputs.size() > 2 ? inputs[2] : "";
+    return true;
+}
+
+bool sortFiles(
+    CommandContext& context, const CLI::App& command, std::vector<std::string>& inputs, OutputArguments& output)
+{
+    return sortFiles(context, command, inputs, output, Inventories::Several);
 }
 
 SourceFiles filesOf(const std::vector<std::string>& paths)

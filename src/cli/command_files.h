@@ -13,7 +13,8 @@
 
 namespace CLI {
 class App;
-}
+class Option;
+}  // namespace CLI
 
 namespace korvex {
 
@@ -27,7 +28,9 @@ struct InventoryArguments {
 
     [[nodiscard]] SourceFiles files() const { return {points, description, dust}; }
 };
-void addInventoryArguments(CLI::App& command, const CommandContext& context, InventoryArguments& arguments);
+/// Gives back the options of these arguments, for addOutputOptions.
+std::vector<CLI::Option*> addInventoryArguments(
+    CLI::App& command, const CommandContext& context, InventoryArguments& arguments);
 
 /// Whether files in UTF-8 are read all the same: their letters come out as others.
 enum class Utf8Files { Refuse, Accept };
@@ -38,14 +41,24 @@ struct OutputArguments {
     bool force = false;
     bool acceptLosses = false;
     bool withoutDust = false;
+    std::vector<const CLI::Option*> inputs{};
 
     [[nodiscard]] Utf8Files utf8Files() const { return acceptLosses ? Utf8Files::Accept : Utf8Files::Refuse; }
 };
 void addForceOption(CLI::App& command, const CommandContext& context, bool& force);
 void addLossOption(CLI::App& command, const CommandContext& context, bool& acceptLosses);
 void addDustOption(CLI::App& command, const CommandContext& context, bool& withoutDust);
-/// --output and the three above.
-void addOutputOptions(CLI::App& command, const CommandContext& context, OutputArguments& arguments);
+/// --output and the three above. inputs: the arguments for the files to read, which may stand on either side of it.
+void addOutputOptions(CLI::App& command, const CommandContext& context, OutputArguments& arguments,
+    const std::vector<CLI::Option*>& inputs);
+
+/// Puts the files of a command that reads and writes where they belong: an option --output in front of the inputs has
+/// taken some of these as well. False, and the user is told, when there are too few or too many.
+[[nodiscard]] bool sortFiles(
+    CommandContext& context, const CLI::App& command, InventoryArguments& input, OutputArguments& output);
+/// The same for at least two inventories.
+[[nodiscard]] bool sortFiles(
+    CommandContext& context, const CLI::App& command, std::vector<std::string>& inputs, OutputArguments& output);
 
 /// Two or three paths.
 [[nodiscard]] SourceFiles filesOf(const std::vector<std::string>& paths);

@@ -142,7 +142,7 @@ Result<SaveReport> writeInventory(const SourceFiles& files, const std::string& c
     SaveRequest request;
     request.files = files;
     request.comment = comment;
-    request.copies = SafetyCopies(stateFolder());
+    request.copies = safetyCopies();
     SourceRows rows;
     rows.refill(set.size());
     Silence silence;

@@ -146,13 +146,13 @@ void addMergeCommand(CLI::App& app, CommandContext& context)
     const auto arguments = std::make_shared<MergeArguments>();
     CLI::App* const command
         = app.add_subcommand("merge", context.text("Spojí soupisy do jednoho.", "Makes several inventories one."));
-    command
-        ->add_option(context.text("SOUBORY", "FILES"), arguments->paths,
-            context.text(
-                "Soubory soupisů; mezi soupisy stojí „+“.", "The files of the inventories, \"+\" between them."))
-        ->required()
-        ->option_text(context.text(
-            "BODY POPIS [PRACH] + BODY POPIS [PRACH] …", "POINTS DESCRIPTION [DUST] + POINTS DESCRIPTION [DUST] …"));
+    CLI::Option* const inputs = command
+                                    ->add_option(context.text("SOUBORY", "FILES"), arguments->paths,
+                                        context.text("Soubory soupisů; mezi soupisy stojí „+“.",
+                                            "The files of the inventories, \"+\" between them."))
+                                    ->required()
+                                    ->option_text(context.text("BODY POPIS [PRACH] + BODY POPIS [PRACH] …",
+                                        "POINTS DESCRIPTION [DUST] + POINTS DESCRIPTION [DUST] …"));
     command
         ->add_option("--on-conflict", arguments->onConflict,
             context.text(
@@ -169,14 +169,17 @@ void addMergeCommand(CLI::App& app, CommandContext& context)
     command->add_flag("--sort", arguments->sort,
         context.text("Seřadí zdroje podle čísla; jinak jdou soupisy za sebou.",
             "Sorts the sources by number; else one inventory follows the other."));
-    addOutputOptions(*command, context, arguments->output);
+    addOutputOptions(*command, context, arguments->output, {inputs});
     command->get_option("--output")->required();
     command->footer(context.text(
         "Zdroje shodné ve všech souborech nejsou střet, zapíší se jednou.\n"
         "Příklad: korvexzdr-cli merge a/body.txt a/popis.txt + b/body.txt b/popis.txt -o body.txt popis.txt",
         "Sources that are the same in all files are no conflict, they are written once.\n"
         "Example: korvexzdr-cli merge a/body.txt a/popis.txt + b/body.txt b/popis.txt -o body.txt popis.txt"));
-    command->callback([&context, arguments] { run(context, *arguments); });
+    command->callback([&context, arguments, command] {
+        if (sortFiles(context, *command, arguments->paths, arguments->output))
+            run(context, *arguments);
+    });
 }
 
 }  // namespace korvex

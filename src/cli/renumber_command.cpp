@@ -123,7 +123,7 @@ void addRenumberCommand(CLI::App& app, CommandContext& context)
     CLI::App* const command = app.add_subcommand("renumber",
         context.text("Přečísluje zdroje ve všech souborech soupisu.",
             "Gives sources new numbers in all files of an inventory."));
-    addInventoryArguments(*command, context, arguments->input);
+    const std::vector<CLI::Option*> inputs = addInventoryArguments(*command, context, arguments->input);
     command
         ->add_option("--from", arguments->from,
             context.text(
@@ -139,13 +139,16 @@ void addRenumberCommand(CLI::App& app, CommandContext& context)
         ->add_option("--step", arguments->step,
             context.text("Odstup nových čísel (výchozí 1).", "Distance of the new numbers (default 1)."))
         ->type_name(context.text("ČÍSLO", "NUMBER"));
-    addOutputOptions(*command, context, arguments->output);
+    addOutputOptions(*command, context, arguments->output, inputs);
     command->footer(
         context.text("Názvy zůstanou. Zdroje o stejném čísle dostanou každý své.\n"
                      "Příklad: korvexzdr-cli renumber body.txt popis.txt --from 201-212 --start 301 -o b.txt p.txt",
             "Names stay. Sources that share a number get one each.\n"
             "Example: korvexzdr-cli renumber body.txt popis.txt --from 201-212 --start 301 -o b.txt p.txt"));
-    command->callback([&context, arguments] { run(context, *arguments); });
+    command->callback([&context, arguments, command] {
+        if (sortFiles(context, *command, arguments->input, arguments->output))
+            run(context, *arguments);
+    });
 }
 
 }  // namespace korvex
