@@ -159,7 +159,7 @@ fresh
 run 1 diff "${old[0]}" "$work/more.txt" "${old[2]}" "${old[@]}"
 # Dust behind a number of ten characters would shift.
 run 2 extract "$golden/negative-numbers/input"/{body,popis,prach}.txt --numbers=-10- -o "${new[@]}"
-says err "prach.txt:1: záznam -000000007, prach: „1800,1“ by se zapsalo jako „,1800,1“"
+says err 'prach.txt:1: záznam -000000007, prach: „1800,1“ by se zapsalo jako „,1800,1“'
 expect_empty "$work/new"
 
 # --- export and import: the same bytes back
@@ -268,6 +268,7 @@ refuses 'popis.txt:5: záznam 000000001, pole 11: navíc je „0“' popis.txt '
 refuses 'popis.txt:5: záznam 000000001, pole 3: „32 m“ by se zapsalo jako „32“' popis.txt 's/, 32, /, 32 m, /'
 refuses 'body.txt:5: záznam 000000001, název: „' body.txt '5s/$/; záložní/'
 refuses 'prach.txt:5: záznam 1, prach: „' prach.txt '5s/^0*//'
+# shellcheck disable=SC2016  # the last line, not a variable
 refuses 'poznámka „ruční úprava“ by se ztratila' prach.txt '$s/$/\n; ru\xe8n\xed \xfaprava/'
 # Only what the command itself writes counts.
 cp "${old[@]}" "$work/odd"
