@@ -1,5 +1,7 @@
 #include "file_error.h"
 
+#include "number_text.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -65,13 +67,13 @@ std::string systemErrorText(int errorNumber)
 {
     // The system's own words would be English, or whatever the locale has.
     const Words* const words = wordsOf(errorNumber);
-    return words != nullptr ? words->czech : "Chyba systému číslo " + std::to_string(errorNumber) + ".";
+    return words != nullptr ? words->czech : "Chyba systému číslo " + integerText(errorNumber) + ".";
 }
 
 std::string englishSystemErrorText(int errorNumber)
 {
     const Words* const words = wordsOf(errorNumber);
-    return words != nullptr ? words->english : "System error number " + std::to_string(errorNumber) + ".";
+    return words != nullptr ? words->english : "System error number " + integerText(errorNumber) + ".";
 }
 
 FileError systemError(FileStep step, const std::string& path, int errorNumber)
