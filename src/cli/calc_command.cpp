@@ -8,7 +8,7 @@
 
 #include <CLI/CLI.hpp>
 
-#include <limits>
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <string>
@@ -46,14 +46,14 @@ std::optional<CalcRequest> requestOf(CommandContext& context, const CalcArgument
 {
     CalcRequest request{quantityOf(arguments.quantity), 0.0F, {}};
     const std::optional<double> pressure = readPlainReal(arguments.pressure);
-    if (pressure && *pressure <= std::numeric_limits<float>::max())
-        request.pressure = static_cast<float>(*pressure);
-    if (!(request.pressure > 0.0F)) {
-        context.fail(
-            context.text("Tlak musí být kladné číslo v Pa: ", "The pressure has to be a number above 0, in Pa: ")
-            + arguments.pressure);
+    if (!pressure || *pressure < static_cast<double>(lowestPressure)
+        || *pressure > static_cast<double>(highestPressure)) {
+        context.fail(context.text("Tlak musí být číslo od 30000 do 120000 Pa, ne „",
+                         "The pressure has to be a number from 30000 to 120000 Pa, not \"")
+            + arguments.pressure + context.text("“.", "\"."));
         return std::nullopt;
     }
+    request.pressure = static_cast<float>(*pressure);
     if (!takeNumberRanges(context, arguments.numbers, request.numbers))
         return std::nullopt;
     if (!arguments.dryRun && arguments.output.paths.empty() && !arguments.output.force) {
@@ -64,18 +64,19 @@ std::optional<CalcRequest> requestOf(CommandContext& context, const CalcArgument
     return request;
 }
 
-std::string reasonOf(const CommandContext& context, Quantity quantity, const NotComputed& source)
+std::string reasonOf(const CommandContext& context, const NotComputed& source)
 {
-    if (!source.fault.empty())
-        return source.fault;
-    return quantity == Quantity::d
-        ? context.text("nelze vypočítat d, protože w0 = 0", "d cannot be computed, for w0 = 0")
-        : context.text("nelze vypočítat w0, protože d = 0", "w0 cannot be computed, for d = 0");
+    const std::string name(sourceColumns[source.column].name);
+    if (source.reason == NotComputed::Reason::OutOfRange)
+        return context.text("výsledek ", "the result ") + name + context.text(" je mimo rozsah", " is out of range");
+    const bool isTemperature = source.column == column::Temperature;
+    return name + context.text(" je ", " is ") + source.value
+        + context.text(", musí být větší než ", ", it has to be above ") + (isTemperature ? "-273.15" : "0");
 }
 
-Json jsonOf(const CommandContext& context, const SourceSet& set, Quantity quantity, const Recalculation& result)
+Json jsonOf(const CommandContext& context, const SourceSet& set, const Recalculation& result)
 {
-    Json json{{"computed", result.computed}, {"changed", Json::array()}, {"notComputed", Json::array()}};
+    Json json{{"computed", result.computed.size()}, {"changed", Json::array()}, {"notComputed", Json::array()}};
     for (const Recalculated& source : result.changed) {
         Json fields = Json::array();
         for (const ValueChange& change : source.changes)
@@ -85,7 +86,8 @@ Json jsonOf(const CommandContext& context, const SourceSet& set, Quantity quanti
     }
     for (const NotComputed& source : result.notComputed)
         json["notComputed"].push_back(
-            {{"number", set.at(source.position).ICZ()}, {"text", reasonOf(context, quantity, source)}});
+            {{"number", set.at(source.position).ICZ()}, {"field", sourceColumns[source.column].name},
+                {"value", jsonNumber(source.value)}, {"text", reasonOf(context, source)}});
     return json;
 }
 
@@ -97,9 +99,20 @@ void print(CommandContext& context, const SourceSet& set, const Recalculation& r
             context.out << ' ' << sourceColumns[change.column].name << ": " << change.before << " -> " << change.after;
         context.out << '\n';
     }
-    context.out << context.text("Vypočteno: ", "Computed: ") << result.computed
+    context.out << context.text("Vypočteno: ", "Computed: ") << result.computed.size()
                 << context.text(", změněno: ", ", changed: ") << result.changed.size()
                 << context.text(", nelze: ", ", impossible: ") << result.notComputed.size() << '\n';
+}
+
+/// Whether the value that a finding is about was replaced by a computed one.
+bool replaces(Quantity quantity, const Recalculation& result, const FindingPlace& place)
+{
+    const bool isXY = quantity == Quantity::XY;
+    // The field of X, of Vs, of d and of w0 in their records.
+    const std::size_t field = isXY ? 2 : quantity == Quantity::Vs ? 4 : quantity == Quantity::d ? 6 : 7;
+    return place.finding == LoadFinding::ChangedValue && place.file == (isXY ? DataFile::Points : DataFile::Description)
+        && (place.field == field || (isXY && place.field == field + 1))
+        && std::binary_search(result.computed.begin(), result.computed.end(), place.position);
 }
 
 void run(CommandContext& context, const CalcArguments& arguments)
@@ -109,26 +122,38 @@ void run(CommandContext& context, const CalcArguments& arguments)
         return;
     const SourceFiles input = arguments.input.files();
     const SourceFiles output = arguments.output.paths.empty() ? input : filesOf(arguments.output.paths);
-    std::optional<Inventory> inventory = load(context, input);
-    if (!inventory || (!arguments.dryRun && !mayWrite(context, {&*inventory}, output, arguments.output)))
+    std::optional<Inventory> inventory
+        = load(context, input, arguments.dryRun ? LoadFor::Reading : LoadFor::Writing, arguments.output.utf8Files());
+    if (!inventory)
         return;
     const Recalculation result = recalculate(inventory->set, request->quantity, request->pressure, request->numbers);
     for (const NotComputed& source : result.notComputed) {
         context.err << context.text("zdroj ", "source ") << inventory->set.at(source.position).ICZ() << ": "
-                    << reasonOf(context, request->quantity, source) << '\n';
+                    << reasonOf(context, source) << '\n';
         context.outcome = Outcome::Findings;
     }
-    if (!arguments.dryRun && !write(context, output, inventory->comment, inventory->set, arguments.output))
+    if (result.computed.empty() && result.notComputed.empty()) {
+        context.err << context.text("Žádný zdroj k výpočtu.\n", "No source to compute.\n");
+        context.outcome = Outcome::Findings;
+    }
+    const bool writes = !arguments.dryRun && !result.computed.empty();
+    const auto isReplaced = [&](const FindingPlace& place) { return replaces(request->quantity, result, place); };
+    if (writes
+        && (!mayWrite(context, {&*inventory}, output, arguments.output, isReplaced)
+            || !write(context, output, inventory->comment, inventory->set, arguments.output)))
         return;
+    const std::vector<std::string> written = writes ? pathsOf(output) : std::vector<std::string>();
     if (context.json) {
-        Json json = jsonOf(context, inventory->set, request->quantity, result);
-        json["files"] = arguments.dryRun ? std::vector<std::string>() : pathsOf(output);
+        Json json = jsonOf(context, inventory->set, result);
+        json["files"] = written;
         writeJson(context, json);
         return;
     }
     print(context, inventory->set, result);
-    if (!arguments.dryRun)
-        sayWritten(context, inventory->set.size(), pathsOf(output));
+    if (writes)
+        sayWritten(context, inventory->set.size(), written);
+    else if (!arguments.dryRun)
+        context.out << context.text("Nic se nezapsalo.\n", "Nothing was written.\n");
 }
 
 }  // namespace
@@ -145,7 +170,7 @@ void addCalcCommand(CLI::App& app, CommandContext& context)
         ->required()
         ->check(CLI::IsMember({"vs", "d", "w0", "xy"}))
         ->type_name("vs|d|w0|xy");
-    addInventoryArguments(*command, context, arguments->input);
+    const std::vector<CLI::Option*> inputs = addInventoryArguments(*command, context, arguments->input);
     command
         ->add_option("--pressure", arguments->pressure,
             context.text(
@@ -161,13 +186,16 @@ void addCalcCommand(CLI::App& app, CommandContext& context)
         ->type_name(context.text("ČÍSLA", "NUMBERS"));
     command->add_flag("--dry-run", arguments->dryRun,
         context.text("Jen vypíše staré a nové hodnoty.", "Prints the old and new values only."));
-    addOutputOptions(*command, context, arguments->output);
+    addOutputOptions(*command, context, arguments->output, inputs);
     command->footer(
         context.text("Bez --output se s --force přepíší soubory samy.\n"
                      "Příklad: korvexzdr-cli calc vs body.txt popis.txt prach.txt --pressure 98000 --dry-run",
             "Without --output, --force replaces the files themselves.\n"
             "Example: korvexzdr-cli calc vs body.txt popis.txt prach.txt --pressure 98000 --dry-run"));
-    command->callback([&context, arguments] { run(context, *arguments); });
+    command->callback([&context, arguments, command] {
+        if (sortFiles(context, *command, arguments->input, arguments->output))
+            run(context, *arguments);
+    });
 }
 
 }  // namespace korvex

@@ -17,25 +17,10 @@ namespace korvex {
 
 namespace {
 
+/// Not the first byte of a UTF-8 character.
 bool isContinuation(char c)
 {
     return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
-}
-
-/// Length of the UTF-8 character at the front of bytes that begin beyond ASCII; 0: there is none.
-std::size_t characterLength(std::string_view bytes)
-{
-    const auto first = static_cast<unsigned char>(bytes.front());
-    const std::size_t length = first >= 0xC2 && first < 0xE0 ? 2 : first >= 0xE0 && first < 0xF0 ? 3 : 4;
-    if (first < 0xC2 || first > 0xF4 || bytes.size() < length)
-        return 0;
-    // What a shorter form could hold, the halves of UTF-16 pairs and what lies beyond Unicode are no characters.
-    const auto second = static_cast<unsigned char>(bytes[1]);
-    if ((first == 0xE0 && second < 0xA0) || (first == 0xED && second >= 0xA0) || (first == 0xF0 && second < 0x90)
-        || (first == 0xF4 && second >= 0x90))
-        return 0;
-    const std::string_view rest = bytes.substr(1, length - 1);
-    return std::all_of(rest.begin(), rest.end(), isContinuation) ? length : 0;
 }
 
 /// Goes over a number as the lenient reader does, blanks skipped anywhere.
@@ -107,21 +92,6 @@ std::string nameOf(const Findings& findings, const FieldKind& kind)
 }
 
 }  // namespace
-
-bool looksLikeUtf8(std::string_view bytes)
-{
-    bool any = false;
-    for (;;) {
-        bytes.remove_prefix(asciiLength(bytes));
-        if (bytes.empty())
-            return any;
-        const std::size_t length = characterLength(bytes);
-        if (length == 0)
-            return false;
-        any = true;
-        bytes.remove_prefix(length);
-    }
-}
 
 Place CheckedLine::placeOf(const char* at) const
 {

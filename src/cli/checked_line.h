@@ -13,9 +13,6 @@
 
 namespace korvex {
 
-/// Whether bytes are well-formed UTF-8 with at least one character beyond ASCII. Text of the code page nearly never is.
-[[nodiscard]] bool looksLikeUtf8(std::string_view bytes);
-
 struct CheckedLine {
     std::string_view bytes;
     CheckedFile file = CheckedFile::Points;

@@ -4,6 +4,7 @@
 #include "fields.h"
 #include "number_text.h"
 #include "source_files.h"
+#include "utf8_text.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,5 @@
 #include "command_context.h"
 
-#include "message.h"
-
 namespace korvex {
 
 void CommandContext::fail(std::string_view message)
@@ -18,7 +16,8 @@ void CommandContext::fail(const FileError& error)
         place << ':' << error.line;
     if (!error.path.empty())
         place << ": ";
-    fail(place.text() + errorText(language, error));
+    const bool isEnglish = language == Language::English && !error.english.empty();
+    fail(place.text() + (isEnglish ? error.english : error.description));
 }
 
 }  // namespace korvex

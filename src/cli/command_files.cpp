@@ -2,6 +2,7 @@
 
 #include "code_page.h"
 #include "command_context.h"
+#include "message.h"
 
 #include <CLI/CLI.hpp>
 
@@ -18,30 +19,65 @@ namespace {
 /// More lines of one kind help nobody; the number of all stands behind them.
 constexpr std::size_t mostLines = 20;
 
-std::string textOf(const CommandContext& context, const FindingPlace& place)
+std::string numberOf(std::size_t number)
+{
+    TextOutput text;
+    text << number;
+    return text.text();
+}
+
+/// "„before“ by se zapsalo jako „after“"
+std::string changeOf(const CommandContext& context, const FindingPlace& place)
+{
+    return quotedText(context.language, place.before) + context.text(" by se zapsalo jako ", " would be written as ")
+        + quotedText(context.language, place.after);
+}
+
+std::string textOf(const CommandContext& context, const FindingPlace& place, LoadFor use)
 {
     const std::string source = context.text("zdroj ", "source ") + place.number;
     const std::string record = context.text("záznam ", "record ") + place.number;
+    const std::string field = record + context.text(", pole ", ", field ") + numberOf(place.field) + ": ";
     switch (place.finding) {
+    case LoadFinding::Utf8:
+        return context.text("text je v UTF-8; soubory soupisu jsou ve Windows-1250",
+            "the text is UTF-8; files of an inventory are Windows-1250");
     case LoadFinding::UnknownType:
         return source + context.text(" je neznámého typu a nečte se", " is of an unknown type and is not read");
     case LoadFinding::MissingDescription:
-        return source + context.text(" nemá popis, jeho parametry jsou 0", " has no description, its parameters are 0");
+        return source
+            + (use == LoadFor::Counting
+                    ? context.text(" nemá popis a nezapočítal se", " has no description and is not counted")
+                    : context.text(" nemá popis, jeho parametry jsou 0", " has no description, its parameters are 0"));
     case LoadFinding::MissingDust:
         return source
             + context.text(" nemá záznam o prachu, platí pro něj 0,0,0", " has no dust record, 0,0,0 holds for it");
-    case LoadFinding::DescriptionNotTaken:
-    case LoadFinding::DustNotTaken:
+    case LoadFinding::NotTaken:
+        return record
+            + context.text(" nepatří žádnému zdroji, nebo je druhý svého čísla",
+                " belongs to no source, or is the second of its number");
+    case LoadFinding::LostComment:
+        return context.text("poznámka ", "the comment ") + quotedText(context.language, place.before)
+            + context.text(" by se ztratila", " would be lost");
+    case LoadFinding::MissingValue:
+        return field + context.text("chybí hodnota, platí 0", "a value is missing, 0 holds");
+    case LoadFinding::SurplusFields:
+        return field + context.text("navíc je ", "surplus ") + quotedText(context.language, place.before);
+    case LoadFinding::ChangedName:
+        return record + context.text(", název: ", ", name: ") + changeOf(context, place);
+    case LoadFinding::ChangedDust:
+        return record + context.text(", prach: ", ", dust: ") + changeOf(context, place);
+    case LoadFinding::ChangedValue:
         break;
     }
-    return record
-        + context.text(" nepatří žádnému zdroji, nebo je druhý svého čísla",
-            " belongs to no source, or is the second of its number");
+    return field + changeOf(context, place);
 }
 
+/// What is missing can only come into being.
 bool isLoss(const FindingPlace& place)
 {
-    return place.finding != LoadFinding::MissingDescription && place.finding != LoadFinding::MissingDust;
+    return place.finding != LoadFinding::MissingDescription && place.finding != LoadFinding::MissingDust
+        && place.finding != LoadFinding::MissingValue;
 }
 
 std::string textOf(const CommandContext& context, Distortion::Kind kind)
@@ -71,10 +107,83 @@ void sayMore(CommandContext& context, std::size_t count)
         context.err << context.text("… a dalších ", "… and more: ") << count - mostLines << '\n';
 }
 
+/// Returns how many losses there are among what is not on purpose.
+std::size_t sayFindings(
+    CommandContext& context, const Inventory& inventory, LoadFor use, const IsOnPurpose& isOnPurpose)
+{
+    std::size_t count = 0;
+    std::size_t losses = 0;
+    for (const FindingPlace& place : inventory.findings) {
+        if (isOnPurpose && isOnPurpose(place))
+            continue;
+        if (isLoss(place))
+            ++losses;
+        if (count++ < mostLines)
+            context.err << inventory.pathOf(place.file) << ':' << place.line << ": " << textOf(context, place, use)
+                        << '\n';
+    }
+    sayMore(context, count);
+    if (count > 0)
+        context.outcome = Outcome::Findings;
+    return losses;
+}
+
 bool isSameFile(const std::string& a, const std::string& b)
 {
     std::error_code error;
     return std::filesystem::equivalent(a, b, error) && !error;
+}
+
+bool outputStandsFirst(const CLI::App& command, const OutputArguments& output)
+{
+    for (const CLI::Option* const option : command.parse_order()) {
+        if (std::find(output.inputs.begin(), output.inputs.end(), option) != output.inputs.end())
+            return false;
+        if (option->check_lname("output"))
+            return true;
+    }
+    return false;
+}
+
+enum class Inventories { One, Several };
+
+/// Divides a row of files to write and to read behind them where it makes sense: there are as many to write as the
+/// inventory to be written has. False when there is no such place.
+bool divide(OutputArguments& output, std::vector<std::string>& inputs, Inventories inventories)
+{
+    std::vector<std::string> all = output.paths;
+    all.insert(all.end(), inputs.begin(), inputs.end());
+    for (const std::size_t count : {std::size_t{2}, std::size_t{3}}) {
+        const auto middle = all.begin() + static_cast<std::ptrdiff_t>(std::min(count, all.size()));
+        const std::vector<std::string> rest(middle, all.end());
+        const auto groups = filesOfGroups(rest);
+        if (!groups || (groups->size() == 1) != (inventories == Inventories::One))
+            continue;
+        const bool hasDust
+            = std::any_of(groups->begin(), groups->end(), [](const SourceFiles& files) { return !files.dust.empty(); });
+        if ((hasDust && !output.withoutDust) != (count == 3))
+            continue;
+        output.paths.assign(all.begin(), middle);
+        inputs = rest;
+        return true;
+    }
+    return false;
+}
+
+bool sortFiles(CommandContext& context, const CLI::App& command, std::vector<std::string>& inputs,
+    OutputArguments& output, Inventories inventories)
+{
+    if (outputStandsFirst(command, output) && !divide(output, inputs, inventories)) {
+        context.fail(context.text("Za --output mají stát 2 soubory, s prachem 3, a za nimi vstupní soubory.",
+            "Behind --output there have to be 2 files, 3 with dust, and behind them the files to read."));
+        return false;
+    }
+    if (output.paths.size() > 3) {
+        context.fail(
+            context.text("Za --output stojí příliš mnoho souborů.", "There are too many files behind --output."));
+        return false;
+    }
+    return true;
 }
 
 /// An output in the place of an input of another kind is a slip of the hand, even with --force.
@@ -97,21 +206,25 @@ bool crossesKinds(CommandContext& context, const SourceFiles& input, const Sourc
 
 }  // namespace
 
-void addInventoryArguments(CLI::App& command, const CommandContext& context, InventoryArguments& arguments)
+std::vector<CLI::Option*> addInventoryArguments(
+    CLI::App& command, const CommandContext& context, InventoryArguments& arguments)
 {
-    command
-        .add_option(context.text("BODY", "POINTS"), arguments.points, context.text("Soubor s body.", "Points file."))
-        ->required()
-        ->type_name("");
-    command
-        .add_option(context.text("POPIS", "DESCRIPTION"), arguments.description,
-            context.text("Soubor s popisem.", "Description file."))
-        ->required()
-        ->type_name("");
-    command
-        .add_option(context.text("PRACH", "DUST"), arguments.dust,
-            context.text("Soubor s prachem, pokud k soupisu patří.", "Dust file, when the inventory has one."))
-        ->type_name("");
+    return {
+        command
+            .add_option(
+                context.text("BODY", "POINTS"), arguments.points, context.text("Soubor s body.", "Points file."))
+            ->required()
+            ->type_name(""),
+        command
+            .add_option(context.text("POPIS", "DESCRIPTION"), arguments.description,
+                context.text("Soubor s popisem.", "Description file."))
+            ->required()
+            ->type_name(""),
+        command
+            .add_option(context.text("PRACH", "DUST"), arguments.dust,
+                context.text("Soubor s prachem, pokud k soupisu patří.", "Dust file, when the inventory has one."))
+            ->type_name(""),
+    };
 }
 
 void addForceOption(CLI::App& command, const CommandContext& context, bool& force)
@@ -124,8 +237,8 @@ void addForceOption(CLI::App& command, const CommandContext& context, bool& forc
 void addLossOption(CLI::App& command, const CommandContext& context, bool& acceptLosses)
 {
     command.add_flag("--accept-losses", acceptLosses,
-        context.text("Zapíše i tehdy, když se tím některé záznamy ztratí; které, to vypíše.",
-            "Writes even when records are lost by it; says which."));
+        context.text("Zapíše i tehdy, když se tím něco ze souborů ztratí nebo změní; co, to vypíše.",
+            "Writes even when something in the files is lost or changed by it; says what."));
 }
 
 void addDustOption(CLI::App& command, const CommandContext& context, bool& withoutDust)
@@ -135,17 +248,49 @@ void addDustOption(CLI::App& command, const CommandContext& context, bool& witho
             "Zapíše jen body a popis, prach vynechá.", "Writes points and description only, leaves dust out."));
 }
 
-void addOutputOptions(CLI::App& command, const CommandContext& context, OutputArguments& arguments)
+void addOutputOptions(CLI::App& command, const CommandContext& context, OutputArguments& arguments,
+    const std::vector<CLI::Option*>& inputs)
 {
+    arguments.inputs.assign(inputs.begin(), inputs.end());
     command
         .add_option("-o,--output", arguments.paths,
-            context.text("Kam zapsat: soubor s body, s popisem a s prachem; tato volba ať stojí jako poslední.",
-                "Where to write: points, description and dust file; this option should come last."))
-        ->expected(2, 3)
+            context.text("Kam zapsat: soubor s body, s popisem a s prachem.",
+                "Where to write: points, description and dust file."))
+        ->expected(2, CLI::detail::expected_max_vector_size)
+        ->each([inputs](const std::string& /*path*/) {
+            // Perhaps this option has taken them: sortFiles will tell.
+            for (CLI::Option* const input : inputs)
+                input->required(false);
+        })
         ->option_text(context.text("BODY POPIS [PRACH]", "POINTS DESCRIPTION [DUST]"));
     addForceOption(command, context, arguments.force);
     addLossOption(command, context, arguments.acceptLosses);
     addDustOption(command, context, arguments.withoutDust);
+}
+
+bool sortFiles(CommandContext& context, const CLI::App& command, InventoryArguments& input, OutputArguments& output)
+{
+    std::vector<std::string> inputs;
+    for (const std::string* const path : {&input.points, &input.description, &input.dust}) {
+        if (!path->empty())
+            inputs.push_back(*path);
+    }
+    if (!sortFiles(context, command, inputs, output, Inventories::One))
+        return false;
+    if (inputs.size() < 2) {
+        context.fail(context.text("Uveďte soubor s body a soubor s popisem.", "Name a points and a description file."));
+        return false;
+    }
+    input.points = inputs[0];
+    input.description = inputs[1];
+    input.dust = inputs.size() > 2 ? inputs[2] : "";
+    return true;
+}
+
+bool sortFiles(
+    CommandContext& context, const CLI::App& command, std::vector<std::string>& inputs, OutputArguments& output)
+{
+    return sortFiles(context, command, inputs, output, Inventories::Several);
 }
 
 SourceFiles filesOf(const std::vector<std::string>& paths)
@@ -190,31 +335,35 @@ bool takeNumberRanges(CommandContext& context, const std::string& given, std::ve
     return true;
 }
 
-std::optional<Inventory> load(CommandContext& context, const SourceFiles& files)
+std::optional<Inventory> load(CommandContext& context, const SourceFiles& files, LoadFor use, Utf8Files utf8Files)
 {
-    Result<Inventory> loaded = loadInventory(files);
+    Result<Inventory> loaded = loadInventory(files, use);
     if (!loaded.ok()) {
         context.fail(loaded.error());
         return std::nullopt;
     }
     const std::vector<FindingPlace>& findings = loaded.value().findings;
-    for (std::size_t i = 0; i < std::min(findings.size(), mostLines); ++i) {
-        const FindingPlace& place = findings[i];
-        context.err << place.path << ':' << place.line << ": " << textOf(context, place) << '\n';
+    const auto utf8 = std::find_if(
+        findings.begin(), findings.end(), [](const FindingPlace& place) { return place.finding == LoadFinding::Utf8; });
+    if (utf8 != findings.end() && utf8Files == Utf8Files::Refuse) {
+        context.fail(loaded.value().pathOf(utf8->file) + ':' + numberOf(utf8->line) + ": " + textOf(context, *utf8, use)
+            + context.text(". Převést je umí třeba iconv -f UTF-8 -t WINDOWS-1250.",
+                ". Convert them, for instance with iconv -f UTF-8 -t WINDOWS-1250."));
+        return std::nullopt;
     }
-    sayMore(context, findings.size());
-    if (!findings.empty())
-        context.outcome = Outcome::Findings;
+    if (use != LoadFor::Writing)
+        sayFindings(context, loaded.value(), use, {});
     return std::move(loaded.value());
 }
 
-bool mayDropRecords(CommandContext& context, const Inventory& inventory, bool acceptLosses)
+bool mayLose(CommandContext& context, const Inventory& inventory, bool acceptLosses, const IsOnPurpose& isOnPurpose)
 {
-    const bool loses = std::any_of(inventory.findings.begin(), inventory.findings.end(), isLoss);
-    if (!loses || acceptLosses)
+    if (sayFindings(context, inventory, LoadFor::Writing, isOnPurpose) == 0 || acceptLosses)
         return true;
-    context.fail(context.text("Uvedené záznamy by se ztratily, nic se nezapsalo. Se --accept-losses se zapíše i tak.",
-        "The records named would be lost, nothing was written. With --accept-losses it is written all the same."));
+    context.fail(
+        context.text("Uvedené údaje by se ztratily nebo změnily, nic se nezapsalo. Se --accept-losses se zapíše i tak.",
+            "What is named would be lost or changed, nothing was written. With --accept-losses it is written all the "
+            "same."));
     return false;
 }
 
@@ -232,14 +381,21 @@ bool mayOverwrite(CommandContext& context, const std::vector<std::string>& paths
 }
 
 bool mayWrite(CommandContext& context, const std::vector<const Inventory*>& inputs, const SourceFiles& output,
-    const OutputArguments& arguments)
+    const OutputArguments& arguments, const IsOnPurpose& isOnPurpose)
 {
+    const auto isMeant = [&](const FindingPlace& place) {
+        return (arguments.withoutDust && place.file == DataFile::Dust) || (isOnPurpose && isOnPurpose(place));
+    };
     bool hasDust = false;
+    bool mayBeWritten = true;
     for (const Inventory* const input : inputs) {
         hasDust = hasDust || input->hasDust();
-        if (!mayDropRecords(context, *input, arguments.acceptLosses) || crossesKinds(context, input->files, output))
-            return false;
+        mayBeWritten = mayLose(context, *input, arguments.acceptLosses, isMeant) && mayBeWritten;
     }
+    for (const Inventory* const input : inputs)
+        mayBeWritten = mayBeWritten && !crossesKinds(context, input->files, output);
+    if (!mayBeWritten)
+        return false;
     const bool writesDust = hasDust && !arguments.withoutDust;
     if (writesDust && output.dust.empty()) {
         context.fail(context.text("Soupis má prach: uveďte i výstupní soubor s prachem, nebo --without-dust.",

@@ -24,6 +24,7 @@ struct DiffArguments {
     std::vector<std::string> before;
     std::vector<std::string> after;
     bool ignoreOrder = false;
+    bool withoutDust = false;
 };
 
 /// The two sides; none when they cannot be told apart.
@@ -46,8 +47,11 @@ public:
     {
     }
 
+    /// Nothing when nothing differs.
     void print()
     {
+        if (m_difference.empty())
+            return;
         if (m_difference.commentDiffers)
             m_context.out << m_context.text("poznámka: ", "comment: ") << m_before.comment << " -> " << m_after.comment
                           << '\n';
@@ -161,16 +165,20 @@ private:
 
 void run(CommandContext& context, const DiffArguments& arguments)
 {
-    const auto sides = sidesOf(arguments);
+    auto sides = sidesOf(arguments);
     if (!sides) {
         context.fail(context.text("Uveďte 2 a 2 nebo 3 a 3 soubory; jinak je oddělte „+“ nebo použijte --old a --new.",
             "Name 2 and 2 or 3 and 3 files; else put \"+\" between the sides or use --old and --new."));
         return;
     }
-    const std::optional<Inventory> before = load(context, sides->first);
+    if (arguments.withoutDust) {
+        sides->first.dust.clear();
+        sides->second.dust.clear();
+    }
+    const std::optional<Inventory> before = load(context, sides->first, LoadFor::Reading);
     if (!before)
         return;
-    const std::optional<Inventory> after = load(context, sides->second);
+    const std::optional<Inventory> after = load(context, sides->second, LoadFor::Reading);
     if (!after)
         return;
     Difference difference = differenceOf(*before, *after);
@@ -207,6 +215,8 @@ void addDiffCommand(CLI::App& app, CommandContext& context)
         ->option_text(side);
     command->add_flag("--ignore-order", arguments->ignoreOrder,
         context.text("Jiné pořadí zdrojů není rozdíl.", "Another order of the sources is no difference."));
+    command->add_flag("--without-dust", arguments->withoutDust,
+        context.text("Prach se nečte ani neporovnává.", "Dust is neither read nor compared."));
     command->footer(
         context.text("Čtyři soubory jsou 2 a 2, šest je 3 a 3. Má-li strany každá jinak, stojí mezi nimi „+“.\n"
                      "Příklady:\n"

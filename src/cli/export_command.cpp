@@ -10,15 +10,20 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 namespace korvex {
 
 namespace {
+
+/// In place of a file name.
+constexpr std::string_view standardOutput = "-";
 
 struct ExportArguments {
     InventoryArguments input;
@@ -36,8 +41,19 @@ std::optional<std::string> coordinateSystemOf(CommandContext& context, const Exp
         context.fail(context.text("Uveďte --csv nebo --geojson.", "Name --csv or --geojson."));
         return std::nullopt;
     }
-    if (arguments.coordinateSystem.empty())
-        return std::string();
+    if ((arguments.csv == standardOutput) + (arguments.geoJson == standardOutput) + context.json > 1) {
+        context.fail(context.text("Na standardní výstup jde jen jedno: tabulka, GeoJSON, nebo odpověď --json.",
+            "Only one thing goes to the standard output: the table, the GeoJSON or the answer of --json."));
+        return std::nullopt;
+    }
+    if (arguments.coordinateSystem.empty()) {
+        if (arguments.geoJson.empty())
+            return std::string();
+        context.fail(
+            context.text("Ke --geojson uveďte --crs: v jakém systému jsou souřadnice, ze souborů poznat nelze.",
+                "--geojson wants --crs: of what system the coordinates are cannot be told from the files."));
+        return std::nullopt;
+    }
     const std::optional<std::string> name = coordinateSystemName(arguments.coordinateSystem);
     if (!name)
         context.fail(context.text("Nesrozumitelný souřadnicový systém (EPSG:číslo nebo urn:ogc:def:crs:…): ",
@@ -51,13 +67,14 @@ std::optional<std::string> coordinateSystemOf(CommandContext& context, const Exp
 std::vector<std::string> pathsOf(const ExportArguments& arguments)
 {
     std::vector<std::string> paths;
-    if (!arguments.csv.empty())
+    if (!arguments.csv.empty() && arguments.csv != standardOutput)
         paths = {arguments.csv, csvTypePath(arguments.csv)};
-    if (!arguments.geoJson.empty())
+    if (!arguments.geoJson.empty() && arguments.geoJson != standardOutput)
         paths.push_back(arguments.geoJson);
     return paths;
 }
 
+/// What is to be written where.
 std::vector<Replacement> replacementsOf(
     const ExportArguments& arguments, const Inventory& inventory, const std::string& coordinateSystem)
 {
@@ -65,7 +82,8 @@ std::vector<Replacement> replacementsOf(
     std::vector<Replacement> replacements;
     if (!arguments.csv.empty()) {
         replacements.push_back({arguments.csv, csvBytes(inventory.set, inventory.comment, dust)});
-        replacements.push_back({csvTypePath(arguments.csv), csvTypeBytes(dust)});
+        if (arguments.csv != standardOutput)
+            replacements.push_back({csvTypePath(arguments.csv), csvTypeBytes(dust)});
     }
     if (!arguments.geoJson.empty()) {
         replacements.push_back(
@@ -74,31 +92,42 @@ std::vector<Replacement> replacementsOf(
     return replacements;
 }
 
+/// Writes what goes to the standard output there, and takes it out.
+void print(CommandContext& context, std::vector<Replacement>& replacements)
+{
+    const auto printed = std::find_if(replacements.begin(), replacements.end(),
+        [](const Replacement& replacement) { return replacement.path == standardOutput; });
+    for (const std::string& block : printed->bytes.blocks())
+        context.out << block;
+    replacements.erase(printed);
+}
+
 void run(CommandContext& context, const ExportArguments& arguments)
 {
     const std::optional<std::string> coordinateSystem = coordinateSystemOf(context, arguments);
     if (!coordinateSystem)
         return;
     const std::vector<std::string> paths = pathsOf(arguments);
-    const std::optional<Inventory> inventory = load(context, arguments.input.files());
-    if (!inventory || !mayDropRecords(context, *inventory, arguments.acceptLosses)
+    const std::optional<Inventory> inventory = load(context, arguments.input.files(), LoadFor::Writing,
+        arguments.acceptLosses ? Utf8Files::Accept : Utf8Files::Refuse);
+    if (!inventory || !mayLose(context, *inventory, arguments.acceptLosses)
         || !mayOverwrite(context, paths, arguments.force))
         return;
-    if (!arguments.geoJson.empty() && coordinateSystem->empty())
-        context.err << context.text("Bez --crs budou programy pokládat souřadnice za stupně WGS 84.\n",
-            "Without --crs programs will take the coordinates for degrees of WGS 84.\n");
     if (!arguments.csv.empty() && inventory->set.empty() && !inventory->comment.empty())
         context.err << context.text("Soupis bez zdrojů: jeho poznámka v CSV nebude.\n",
             "An inventory without sources: its comment will not be in the CSV.\n");
-    const Result<void> written = replaceFiles(
-        replacementsOf(arguments, *inventory, *coordinateSystem), SafetyCopies(stateFolder()), FileCalls::system());
+    std::vector<Replacement> replacements = replacementsOf(arguments, *inventory, *coordinateSystem);
+    const bool isPrinted = paths.size() < replacements.size();
+    if (isPrinted)
+        print(context, replacements);
+    const Result<void> written = replaceFiles(replacements, safetyCopies(), FileCalls::system());
     if (!written.ok()) {
         context.fail(written.error());
         return;
     }
     if (context.json)
         writeJson(context, {{"written", inventory->set.size()}, {"files", paths}});
-    else
+    else if (!isPrinted)
         sayWritten(context, inventory->set.size(), paths);
 }
 
@@ -114,11 +143,15 @@ void addExportCommand(CLI::App& app, CommandContext& context)
     command
         ->add_option("--csv", arguments->csv,
             context.text(
-                "Tabulka, řádek na zdroj, s geometrií WKT; vedle vznikne .csvt s typy sloupců. Zpět ji převede import.",
+                "Tabulka, řádek na zdroj, s geometrií WKT; vedle vznikne .csvt s typy sloupců. Zpět ji převede "
+                "import. „-“ je standardní výstup.",
                 "A table, a row a source, with WKT geometry; a .csvt with the types of the columns beside it. import "
-                "converts it back."))
+                "converts it back. \"-\" is the standard output."))
         ->type_name(file);
-    command->add_option("--geojson", arguments->geoJson, context.text("Prvek na zdroj.", "A feature a source."))
+    command
+        ->add_option("--geojson", arguments->geoJson,
+            context.text("Prvek na zdroj, s --crs. „-“ je standardní výstup.",
+                "A feature a source, with --crs. \"-\" is the standard output."))
         ->type_name(file);
     command
         ->add_option("--crs", arguments->coordinateSystem,

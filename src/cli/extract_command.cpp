@@ -60,13 +60,18 @@ void run(CommandContext& context, const ExtractArguments& arguments)
     const std::optional<Selection> selection = selectionOf(context, arguments);
     if (!selection)
         return;
-    std::optional<Inventory> inventory = load(context, arguments.input.files());
+    std::optional<Inventory> inventory
+        = load(context, arguments.input.files(), LoadFor::Writing, arguments.output.utf8Files());
     if (!inventory)
         return;
     const SourceFiles output = filesOf(arguments.output.paths);
-    if (!mayWrite(context, {&*inventory}, output, arguments.output))
+    const Take take = arguments.invert ? Take::Others : Take::Matching;
+    const auto isLeftOut = [&](const FindingPlace& place) {
+        return place.position > 0 && selection->matches(inventory->set.at(place.position)) != (take == Take::Matching);
+    };
+    if (!mayWrite(context, {&*inventory}, output, arguments.output, isLeftOut))
         return;
-    const std::size_t dropped = select(inventory->set, *selection, arguments.invert ? Take::Others : Take::Matching);
+    const std::size_t dropped = select(inventory->set, *selection, take);
     if (inventory->set.empty()) {
         context.err << context.text("Podmínkám nevyhovuje žádný zdroj, nic se nezapsalo.\n",
             "No source meets the conditions, nothing was written.\n");
@@ -90,7 +95,7 @@ void addExtractCommand(CLI::App& app, CommandContext& context)
     CLI::App* const command = app.add_subcommand("extract",
         context.text("Zapíše část soupisu; platí všechny uvedené podmínky.",
             "Writes a part of an inventory; all conditions given hold."));
-    addInventoryArguments(*command, context, arguments->input);
+    const std::vector<CLI::Option*> inputs = addInventoryArguments(*command, context, arguments->input);
     command
         ->add_option("--type", arguments->types,
             context.text("Typy zdrojů oddělené čárkou.", "Types of sources, commas between them."))
@@ -110,12 +115,15 @@ void addExtractCommand(CLI::App& app, CommandContext& context)
     command->add_flag("--invert", arguments->invert,
         context.text(
             "Zapíše zdroje, které podmínkám nevyhovují.", "Writes the sources that do not meet the conditions."));
-    addOutputOptions(*command, context, arguments->output);
+    addOutputOptions(*command, context, arguments->output, inputs);
     command->get_option("--output")->required();
     command->footer(
         context.text("Příklad: korvexzdr-cli extract body.txt popis.txt prach.txt --type point -o b.txt p.txt d.txt",
             "Example: korvexzdr-cli extract body.txt popis.txt prach.txt --type point -o b.txt p.txt d.txt"));
-    command->callback([&context, arguments] { run(context, *arguments); });
+    command->callback([&context, arguments, command] {
+        if (sortFiles(context, *command, arguments->input, arguments->output))
+            run(context, *arguments);
+    });
 }
 
 }  // namespace korvex

@@ -11,6 +11,15 @@ namespace korvex {
 
 namespace {
 
+/// The form of the data files is one that JSON has. A real shows that it is one: mapping programs take a column whose
+/// values all look whole for one of whole numbers.
+void appendNumber(std::string& out, std::string_view text, ColumnKind kind)
+{
+    out += text;
+    if (kind == ColumnKind::Real && text.find_first_of(".E") == std::string_view::npos)
+        out += ".0";
+}
+
 void appendProperties(std::string& out, const SourceRow& row, bool hasDust)
 {
     std::string_view separator;
@@ -21,7 +30,7 @@ void appendProperties(std::string& out, const SourceRow& row, bool hasDust)
         if (sourceColumns[i].kind == ColumnKind::Text)
             appendJsonText(out, row.texts[i]);
         else
-            out += row.texts[i];  // the form of the data files is one that JSON has
+            appendNumber(out, row.texts[i], sourceColumns[i].kind);
         separator = ", ";
     }
 }

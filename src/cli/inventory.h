@@ -12,20 +12,41 @@
 
 namespace korvex {
 
+enum class DataFile { Points, Description, Dust };
+
+/// What a command is going to do with the sources, and so what has to be found in the files.
+enum class LoadFor {
+    Counting,  // sources without a description are left out: their zeros would be taken for values
+    Reading,   // they are taken
+    Writing,   // as for reading; everything that would be lost or changed by writing is looked for as well
+};
+
 /// What the files hold, or lack, that the sources in memory do not show.
 enum class LoadFinding {
-    UnknownType,          // a points record that is not taken
-    MissingDescription,   // a points record without parameters: they are 0
-    MissingDust,          // a points record without dust: it is that of a new source
-    DescriptionNotTaken,  // a description record without a points record, or the second of its number
-    DustNotTaken,
+    Utf8,                // the first line of a file that is UTF-8: its letters were read as others
+    UnknownType,         // a points record that is not taken
+    MissingDescription,  // a points record without parameters: they are 0
+    MissingDust,         // a points record without dust: it is that of a new source
+    NotTaken,            // a description or dust record without a points record, or the second of its number
+    // The rest only when loaded for writing.
+    LostComment,  // a comment line that no save writes again
+    ChangedValue,
+    MissingValue,
+    SurplusFields,
+    ChangedName,
+    ChangedDust,
 };
 
 struct FindingPlace {
     LoadFinding finding;
-    std::string path;
+    DataFile file;
     std::size_t line;    // from 1
     std::string number;  // the record's own
+    // Of a record that would be written with another meaning:
+    std::size_t position = 0;  // of the first source that was loaded from it; 0: of none
+    std::size_t field = 0;     // from 1; 0: none
+    std::string before{};
+    std::string after{};
 };
 
 struct Inventory {
@@ -35,10 +56,11 @@ struct Inventory {
     std::vector<FindingPlace> findings;  // in the order of the files, by line
 
     [[nodiscard]] bool hasDust() const { return !files.dust.empty(); }
+    [[nodiscard]] const std::string& pathOf(DataFile file) const;
 };
 
-/// Sources without a description are taken. The records that the loader passes over are looked for in a second pass.
-[[nodiscard]] Result<Inventory> loadInventory(const SourceFiles& files);
+/// What the loader passes over is looked for in a second pass over the files.
+[[nodiscard]] Result<Inventory> loadInventory(const SourceFiles& files, LoadFor use);
 
 /// A source that the next load would not read as it is now.
 struct Distortion {

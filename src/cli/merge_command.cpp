@@ -4,6 +4,7 @@
 #include "command_files.h"
 #include "json_output.h"
 #include "merging.h"
+#include "number_text.h"
 
 #include <CLI/CLI.hpp>
 
@@ -36,9 +37,9 @@ OnConflict onConflictOf(const std::string& name)
     return name == "renumber" ? OnConflict::Renumber : OnConflict::Fail;
 }
 
-std::optional<std::vector<Inventory>> loadAll(CommandContext& context, const std::vector<std::string>& paths)
+std::optional<std::vector<Inventory>> loadAll(CommandContext& context, const MergeArguments& arguments)
 {
-    const auto groups = filesOfGroups(paths);
+    const auto groups = filesOfGroups(arguments.paths);
     if (!groups || groups->size() < 2) {
         context.fail(context.text("Uveďte aspoň dva soupisy po 2 nebo 3 souborech, mezi nimi „+“.",
             "Name at least two inventories of 2 or 3 files, with \"+\" between them."));
@@ -46,7 +47,7 @@ std::optional<std::vector<Inventory>> loadAll(CommandContext& context, const std
     }
     std::vector<Inventory> inventories;
     for (const SourceFiles& files : *groups) {
-        std::optional<Inventory> inventory = load(context, files);
+        std::optional<Inventory> inventory = load(context, files, LoadFor::Writing, arguments.output.utf8Files());
         if (!inventory)
             return std::nullopt;
         inventories.push_back(std::move(*inventory));
@@ -54,16 +55,31 @@ std::optional<std::vector<Inventory>> loadAll(CommandContext& context, const std
     return inventories;
 }
 
+/// What was done with a source whose number another one has.
+std::string outcomeOf(const CommandContext& context, OnConflict onConflict, const MergeConflict& conflict)
+{
+    const std::string difference
+        = context.text(" je v dřívějším soupisu jiný", " is another one in an earlier inventory");
+    switch (onConflict) {
+    case OnConflict::Keep:
+        return difference + context.text(", zůstává dřívější", "; the earlier one stays");
+    case OnConflict::Replace:
+        return difference + context.text(", nahradil jej", "; it took the place of that one");
+    case OnConflict::Renumber:
+        return difference + context.text(", dostal číslo ", "; it got the number ") + integerText(conflict.newNumber);
+    case OnConflict::Fail:
+        break;
+    }
+    return difference;
+}
+
 /// Conflicts go to the error output: they are what the user has to look at.
-void sayConflicts(CommandContext& context, const Merge& merge, const std::vector<Inventory>& inventories)
+void sayConflicts(
+    CommandContext& context, OnConflict onConflict, const Merge& merge, const std::vector<Inventory>& inventories)
 {
     for (const MergeConflict& conflict : merge.conflicts) {
         context.err << inventories[conflict.inventory].files.points << ": " << context.text("zdroj ", "source ")
-                    << conflict.number;
-        if (conflict.newNumber != conflict.number)
-            context.err << context.text(" dostal číslo ", " got the number ") << conflict.newNumber << '\n';
-        else
-            context.err << context.text(" je v dřívějším soupisu jiný\n", " is another one in an earlier inventory\n");
+                    << conflict.number << outcomeOf(context, onConflict, conflict) << '\n';
     }
 }
 
@@ -84,7 +100,7 @@ Json jsonOf(const Merge& merge, const std::vector<Inventory>& inventories, const
 
 void run(CommandContext& context, const MergeArguments& arguments)
 {
-    std::optional<std::vector<Inventory>> inventories = loadAll(context, arguments.paths);
+    std::optional<std::vector<Inventory>> inventories = loadAll(context, arguments);
     if (!inventories)
         return;
     std::vector<const Inventory*> inputs;
@@ -94,9 +110,10 @@ void run(CommandContext& context, const MergeArguments& arguments)
     if (!mayWrite(context, inputs, output, arguments.output))
         return;
 
-    Merge merge = mergeInventories(*inventories, onConflictOf(arguments.onConflict));
-    sayConflicts(context, merge, *inventories);
-    if (arguments.onConflict == "fail" && !merge.conflicts.empty()) {
+    const OnConflict onConflict = onConflictOf(arguments.onConflict);
+    Merge merge = mergeInventories(*inventories, onConflict);
+    sayConflicts(context, merge.numbersRanOut ? OnConflict::Fail : onConflict, merge, *inventories);
+    if (onConflict == OnConflict::Fail && !merge.conflicts.empty()) {
         context.fail(context.text("Soupisy mají táž čísla; nic se nezapsalo. Co s nimi, řekne --on-conflict.",
             "The inventories share numbers; nothing was written. --on-conflict says what to do."));
         return;
@@ -129,13 +146,13 @@ void addMergeCommand(CLI::App& app, CommandContext& context)
     const auto arguments = std::make_shared<MergeArguments>();
     CLI::App* const command
         = app.add_subcommand("merge", context.text("Spojí soupisy do jednoho.", "Makes several inventories one."));
-    command
-        ->add_option(context.text("SOUBORY", "FILES"), arguments->paths,
-            context.text(
-                "Soubory soupisů; mezi soupisy stojí „+“.", "The files of the inventories, \"+\" between them."))
-        ->required()
-        ->option_text(context.text(
-            "BODY POPIS [PRACH] + BODY POPIS [PRACH] …", "POINTS DESCRIPTION [DUST] + POINTS DESCRIPTION [DUST] …"));
+    CLI::Option* const inputs = command
+                                    ->add_option(context.text("SOUBORY", "FILES"), arguments->paths,
+                                        context.text("Soubory soupisů; mezi soupisy stojí „+“.",
+                                            "The files of the inventories, \"+\" between them."))
+                                    ->required()
+                                    ->option_text(context.text("BODY POPIS [PRACH] + BODY POPIS [PRACH] …",
+                                        "POINTS DESCRIPTION [DUST] + POINTS DESCRIPTION [DUST] …"));
     command
         ->add_option("--on-conflict", arguments->onConflict,
             context.text(
@@ -152,14 +169,17 @@ void addMergeCommand(CLI::App& app, CommandContext& context)
     command->add_flag("--sort", arguments->sort,
         context.text("Seřadí zdroje podle čísla; jinak jdou soupisy za sebou.",
             "Sorts the sources by number; else one inventory follows the other."));
-    addOutputOptions(*command, context, arguments->output);
+    addOutputOptions(*command, context, arguments->output, {inputs});
     command->get_option("--output")->required();
     command->footer(context.text(
         "Zdroje shodné ve všech souborech nejsou střet, zapíší se jednou.\n"
         "Příklad: korvexzdr-cli merge a/body.txt a/popis.txt + b/body.txt b/popis.txt -o body.txt popis.txt",
         "Sources that are the same in all files are no conflict, they are written once.\n"
         "Example: korvexzdr-cli merge a/body.txt a/popis.txt + b/body.txt b/popis.txt -o body.txt popis.txt"));
-    command->callback([&context, arguments] { run(context, *arguments); });
+    command->callback([&context, arguments, command] {
+        if (sortFiles(context, *command, arguments->paths, arguments->output))
+            run(context, *arguments);
+    });
 }
 
 }  // namespace korvex

@@ -3,56 +3,9 @@
 #include "code_page.h"
 
 #include <algorithm>
-#include <array>
-#include <cerrno>
 #include <cstddef>
 
 namespace korvex {
-
-namespace {
-
-struct SystemMessage {
-    int errorNumber;
-    const char* english;
-};
-
-constexpr std::array systemMessages{
-    SystemMessage{ENOENT, "The file or folder does not exist."},
-    SystemMessage{EACCES, "There is no permission for the file."},
-    SystemMessage{EISDIR, "This is a folder, not a file."},
-    SystemMessage{ENOTDIR, "A part of the path is no folder."},
-    SystemMessage{ENOSPC, "There is not enough room on the disk."},
-    SystemMessage{EDQUOT, "The disk quota is used up."},
-    SystemMessage{EFBIG, "The file would be too large."},
-    SystemMessage{EROFS, "The disk is read-only."},
-    SystemMessage{EBUSY, "The file is in use."},
-    SystemMessage{EINTR, "The work with the file was interrupted."},
-    SystemMessage{EOVERFLOW, "The file is too large."},
-    SystemMessage{ESTALE, "The network disk is not available."},
-    SystemMessage{ETIMEDOUT, "The network disk does not answer."},
-    SystemMessage{EIO, "Input or output error."},
-    SystemMessage{ENAMETOOLONG, "The file name is too long."},
-    SystemMessage{ELOOP, "The links in the path form a loop."},
-    SystemMessage{EMFILE, "Too many files are open."},
-    SystemMessage{EINVAL, "This is no ordinary file."},
-    SystemMessage{ENOMEM, "Out of memory."},
-};
-
-}  // namespace
-
-std::string errorText(Language language, const FileError& error)
-{
-    if (language == Language::Czech)
-        return error.description;
-    for (const SystemMessage& message : systemMessages) {
-        if (systemErrorText(message.errorNumber) == error.description)
-            return message.english;
-    }
-    constexpr std::string_view otherNumber = "Chyba systému číslo ";
-    if (error.description.rfind(otherNumber, 0) == 0)
-        return "System error number " + error.description.substr(otherNumber.size());
-    return error.description;
-}
 
 void appendFilled(std::string& out, std::string_view pattern, std::span<const std::string_view> values)
 {

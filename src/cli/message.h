@@ -1,7 +1,6 @@
 // Messages with places for values: the two languages put the values in different orders.
 #pragma once
 
-#include "file_error.h"
 #include "language.h"
 
 #include <span>
@@ -15,8 +14,5 @@ void appendFilled(std::string& out, std::string_view pattern, std::span<const st
 
 /// The beginning of a text from a file (UTF-8) between quotation marks; what cannot be printed is "?".
 [[nodiscard]] std::string quotedText(Language language, std::string_view utf8);
-
-/// What went wrong with a file. The core says it in Czech; in English what the system says of files.
-[[nodiscard]] std::string errorText(Language language, const FileError& error);
 
 }  // namespace korvex

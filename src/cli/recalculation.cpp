@@ -7,6 +7,7 @@
 #include "stack_gas.h"
 
 #include <cstdint>
+#include <optional>
 #include <utility>
 
 namespace korvex {
@@ -31,8 +32,9 @@ public:
     void compute(SourceSet& set, std::size_t position)
     {
         cZdroje& source = set.at(position);
-        if (dividesByZero(source)) {
-            m_result.notComputed.push_back({position, {}});
+        if (const std::optional<std::int32_t> index = impossibleInput(source)) {
+            m_result.notComputed.push_back(
+                {position, NotComputed::Reason::TooSmall, columnOf(*index), singleText(source.Parameters(*index))});
             return;
         }
         Recalculated recalculated{position, {}};
@@ -41,11 +43,12 @@ public:
                 computeMidpoint(source, recalculated.changes);
             else
                 computeGas(source, recalculated.changes);
-        } catch (const ArithmeticFault& fault) {
-            m_result.notComputed.push_back({position, fault.what()});
+        } catch (const ArithmeticFault&) {
+            const std::size_t column = m_quantity == Quantity::XY ? std::size_t{column::X} : columnOf(result());
+            m_result.notComputed.push_back({position, NotComputed::Reason::OutOfRange, column, {}});
             return;
         }
-        ++m_result.computed;
+        m_result.computed.push_back(position);
         if (!recalculated.changes.empty())
             m_result.changed.push_back(std::move(recalculated));
     }
@@ -53,10 +56,30 @@ public:
     Recalculation finish() { return std::move(m_result); }
 
 private:
-    [[nodiscard]] bool dividesByZero(const cZdroje& source) const
+    /// The index of the parameter that is computed; not for XY.
+    [[nodiscard]] std::int32_t result() const
     {
-        return (m_quantity == Quantity::d && source.Parameters(indexW0) == 0.0F)
-            || (m_quantity == Quantity::w0 && source.Parameters(indexD) == 0.0F);
+        if (m_quantity == Quantity::Vs)
+            return indexVs;
+        return m_quantity == Quantity::d ? indexD : indexW0;
+    }
+
+    static std::size_t columnOf(std::int32_t index)
+    {
+        return columnOfParameter(cBodovyZdroj, static_cast<std::size_t>(index), {});
+    }
+
+    /// The index of a parameter with which there is no sensible result.
+    [[nodiscard]] std::optional<std::int32_t> impossibleInput(const cZdroje& source) const
+    {
+        if (m_quantity == Quantity::XY)
+            return std::nullopt;
+        for (const std::int32_t index : {indexTs, indexVs, indexD, indexW0}) {
+            const float smallest = index == indexTs ? absoluteZero : 0.0F;
+            if (index != result() && !(source.Parameters(index) > smallest))
+                return index;
+        }
+        return std::nullopt;
     }
 
     static void computeMidpoint(cZdroje& source, std::vector<ValueChange>& changes)
@@ -76,19 +99,13 @@ private:
         const float Vs = source.Parameters(indexVs);
         const float d = source.Parameters(indexD);
         const float w0 = source.Parameters(indexW0);
-        if (m_quantity == Quantity::Vs)
-            set(source, indexVs, column::GasVolume, m_stackGas.CalcVs(ts, d, w0, m_pressure), changes);
-        else if (m_quantity == Quantity::d)
-            set(source, indexD, column::Diameter, m_stackGas.CalcD(ts, Vs, w0, m_pressure), changes);
-        else
-            set(source, indexW0, column::Velocity, m_stackGas.CalcW0(ts, Vs, d, m_pressure), changes);
-    }
-
-    static void set(
-        cZdroje& source, std::int32_t index, std::size_t column, float value, std::vector<ValueChange>& changes)
-    {
-        note(changes, column, singleText(source.Parameters(index)), singleText(value));
-        source.Parameters(index, value);
+        const float value = m_quantity == Quantity::Vs ? m_stackGas.CalcVs(ts, d, w0, m_pressure)
+            : m_quantity == Quantity::d                ? m_stackGas.CalcD(ts, Vs, w0, m_pressure)
+                                                       : m_stackGas.CalcW0(ts, Vs, d, m_pressure);
+        if (!(value > 0.0F))
+            throw ArithmeticFault(FaultKind::Overflow, {});
+        note(changes, columnOf(result()), singleText(source.Parameters(result())), singleText(value));
+        source.Parameters(result(), value);
     }
 
     static void note(std::vector<ValueChange>& changes, std::size_t column, std::string before, std::string after)

@@ -22,19 +22,33 @@ struct Recalculated {
     std::vector<ValueChange> changes;
 };
 
+/// A source that keeps its values.
 struct NotComputed {
+    enum class Reason {
+        TooSmall,    // a value that the result is made of: there is no stack with such a one
+        OutOfRange,  // the result, for the files or for a 32-bit number
+    };
     std::size_t position;
-    std::string fault;  // of the arithmetic, in Czech; empty: the divisor (w0 for d, d for w0) is 0
+    Reason reason;
+    std::size_t column;  // column::Index of that value
+    std::string value;   // empty for a result, of which there is none
 };
 
 struct Recalculation {
-    std::size_t computed = 0;              // sources with a result
-    std::vector<Recalculated> changed;     // those to which the files will show another value
-    std::vector<NotComputed> notComputed;  // they keep their values
+    std::vector<std::size_t> computed;  // positions of the sources with a result
+    std::vector<Recalculated> changed;  // those to which the files will show another value
+    std::vector<NotComputed> notComputed;
 };
 
-/// Vs, d and w0 of stacks, X and Y of segments; sources of other types are passed over. pressure, in Pa, acts on all
-/// three gas quantities; not 0. numbers: empty for all.
+/// The air pressures that are somewhere on the ground, in Pa; a number beyond them is most likely of another unit.
+inline constexpr float lowestPressure = 30000.0F;
+inline constexpr float highestPressure = 120000.0F;
+/// At or below it there is no gas.
+inline constexpr float absoluteZero = -273.15F;
+
+/// Vs, d and w0 of stacks, X and Y of segments; sources of other types are passed over. pressure acts on all three gas
+/// quantities. numbers: empty for all. The window computes whatever the formulas give; here a result has to be
+/// possible, that is made of a ts above absoluteZero and of other values above 0.
 [[nodiscard]] Recalculation recalculate(
     SourceSet& set, Quantity quantity, float pressure, const std::vector<NumberRange>& numbers);
 

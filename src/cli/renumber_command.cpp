@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace korvex {
 
@@ -68,6 +69,14 @@ bool isPossible(CommandContext& context, const Renumbering& plan)
     return plan.isPossible();
 }
 
+Json jsonOf(const Renumbering& plan, std::size_t written, const std::vector<std::string>& paths)
+{
+    Json json{{"written", written}, {"files", paths}, {"numbers", Json::array()}};
+    for (const NumberChange& change : plan.changes)
+        json["numbers"].push_back({{"old", change.before}, {"new", change.after}});
+    return json;
+}
+
 void run(CommandContext& context, const RenumberArguments& arguments)
 {
     const std::optional<RenumberRequest> request = requestOf(context, arguments);
@@ -80,12 +89,20 @@ void run(CommandContext& context, const RenumberArguments& arguments)
         return;
     }
     const SourceFiles output = arguments.output.paths.empty() ? input : filesOf(arguments.output.paths);
-    std::optional<Inventory> inventory = load(context, input);
+    std::optional<Inventory> inventory = load(context, input, LoadFor::Writing, arguments.output.utf8Files());
     if (!inventory || !mayWrite(context, {&*inventory}, output, arguments.output))
         return;
     const Renumbering plan = planRenumbering(inventory->set, *request);
     if (!isPossible(context, plan))
         return;
+    if (plan.changes.empty()) {
+        context.err << context.text("Žádný zdroj nemá uvedené číslo, nic se nezapsalo.\n",
+            "No source has such a number, nothing was written.\n");
+        context.outcome = Outcome::Findings;
+        if (context.json)
+            writeJson(context, jsonOf(plan, 0, {}));
+        return;
+    }
     renumber(inventory->set, plan);
     if (!write(context, output, inventory->comment, inventory->set, arguments.output))
         return;
@@ -95,10 +112,7 @@ void run(CommandContext& context, const RenumberArguments& arguments)
         sayWritten(context, inventory->set.size(), pathsOf(output));
         return;
     }
-    Json json{{"written", inventory->set.size()}, {"files", pathsOf(output)}, {"numbers", Json::array()}};
-    for (const NumberChange& change : plan.changes)
-        json["numbers"].push_back({{"old", change.before}, {"new", change.after}});
-    writeJson(context, json);
+    writeJson(context, jsonOf(plan, inventory->set.size(), pathsOf(output)));
 }
 
 }  // namespace
@@ -109,7 +123,7 @@ void addRenumberCommand(CLI::App& app, CommandContext& context)
     CLI::App* const command = app.add_subcommand("renumber",
         context.text("Přečísluje zdroje ve všech souborech soupisu.",
             "Gives sources new numbers in all files of an inventory."));
-    addInventoryArguments(*command, context, arguments->input);
+    const std::vector<CLI::Option*> inputs = addInventoryArguments(*command, context, arguments->input);
     command
         ->add_option("--from", arguments->from,
             context.text(
@@ -125,13 +139,16 @@ void addRenumberCommand(CLI::App& app, CommandContext& context)
         ->add_option("--step", arguments->step,
             context.text("Odstup nových čísel (výchozí 1).", "Distance of the new numbers (default 1)."))
         ->type_name(context.text("ČÍSLO", "NUMBER"));
-    addOutputOptions(*command, context, arguments->output);
+    addOutputOptions(*command, context, arguments->output, inputs);
     command->footer(
         context.text("Názvy zůstanou. Zdroje o stejném čísle dostanou každý své.\n"
                      "Příklad: korvexzdr-cli renumber body.txt popis.txt --from 201-212 --start 301 -o b.txt p.txt",
             "Names stay. Sources that share a number get one each.\n"
             "Example: korvexzdr-cli renumber body.txt popis.txt --from 201-212 --start 301 -o b.txt p.txt"));
-    command->callback([&context, arguments] { run(context, *arguments); });
+    command->callback([&context, arguments, command] {
+        if (sortFiles(context, *command, arguments->input, arguments->output))
+            run(context, *arguments);
+    });
 }
 
 }  // namespace korvex

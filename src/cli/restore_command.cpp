@@ -64,7 +64,7 @@ void restore(CommandContext& context, const SafetyCopy& copy, bool force)
     }
     if (!mayOverwrite(context, paths, force))
         return;
-    const Result<void> restored = restoreFiles(copy, SafetyCopies(stateFolder()));
+    const Result<void> restored = restoreFiles(copy, safetyCopies());
     if (!restored.ok()) {
         context.fail(restored.error());
         return;

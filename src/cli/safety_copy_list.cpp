@@ -1,6 +1,6 @@
 #include "safety_copy_list.h"
 
-#include "input_file.h"
+#include "file_lines.h"
 #include "replace_files.h"
 
 #include <algorithm>
@@ -35,19 +35,13 @@ void takeLine(const fs::path& folder, std::string_view line, std::vector<CopiedF
 Result<std::vector<CopiedFile>> filesIn(const fs::path& folder)
 {
     std::vector<CopiedFile> files;
-    Result<InputFile> list = InputFile::open((folder / "odkud.txt").string(), FileCalls::system());
-    if (!list.ok())
-        return list.error();
-    LineReader lines(list.value());
-    TextLine line;
-    for (;;) {
-        const Result<bool> next = lines.next(line);
-        if (!next.ok())
-            return next.error();
-        if (!next.value())
-            return files;
+    const Result<void> read = forEachLine((folder / "odkud.txt").string(), [&](const TextLine& line) -> Result<void> {
         takeLine(folder, line.bytes, files);
-    }
+        return {};
+    });
+    if (!read.ok())
+        return read.error();
+    return files;
 }
 
 }  // namespace

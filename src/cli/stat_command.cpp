@@ -1,15 +1,16 @@
 #include "stat_command.h"
 
 #include "command_context.h"
-#include "loader.h"
-#include "source_set.h"
+#include "command_files.h"
 #include "statistics.h"
 #include "statistics_report.h"
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,13 +19,6 @@ namespace korvex {
 namespace {
 
 using Json = nlohmann::ordered_json;
-
-class NobodyWatches : public ProgressListener {
-public:
-    void statusText(std::string_view /*text*/) override { }
-    void progressMaximum(std::size_t /*maximum*/) override { }
-    void progressValue(std::size_t /*value*/) override { }
-};
 
 /// Seven digits: 0.8 as a 32-bit real must not come out as 0.800000011920929.
 Json jsonNumber(double value)
@@ -83,20 +77,14 @@ void printJson(CommandContext& context, const InventoryStatistics& statistics, s
 
 void stat(CommandContext& context, const SourceFiles& files)
 {
-    LoadRequest request;
-    request.files = files;
-    // Their zeros would be taken for values.
-    request.missingDescription = MissingDescription::Skip;
-    SourceSet set;
-    LoadReport report;
-    NobodyWatches nobody;
-    const Result<void> loaded = loadSourceSet(request, set, report, nobody);
-    if (!loaded.ok()) {
-        context.fail(loaded.error());
+    const std::optional<Inventory> inventory = load(context, files, LoadFor::Counting);
+    if (!inventory)
         return;
-    }
-    const InventoryStatistics statistics = statisticsOf(set);
-    const std::size_t leftOut = report.missingDescription.size() + report.unknownType.size();
+    const InventoryStatistics statistics = statisticsOf(inventory->set);
+    const auto leftOut = static_cast<std::size_t>(
+        std::count_if(inventory->findings.begin(), inventory->findings.end(), [](const FindingPlace& place) {
+            return place.finding == LoadFinding::MissingDescription || place.finding == LoadFinding::UnknownType;
+        }));
     if (context.json) {
         printJson(context, statistics, leftOut);
         return;

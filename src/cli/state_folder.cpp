@@ -27,4 +27,9 @@ std::string stateFolder()
     return std::string(home).append("/.local/state").append(programFolder);
 }
 
+SafetyCopies safetyCopies()
+{
+    return SafetyCopies(stateFolder(), SafetyCopies::Missing::Refuse);
+}
+
 }  // namespace korvex

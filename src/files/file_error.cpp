@@ -1,8 +1,61 @@
 #include "file_error.h"
 
+#include "number_text.h"
+
+#include <algorithm>
+#include <array>
 #include <cerrno>
 
 namespace korvex {
+
+namespace {
+
+struct Words {
+    int errorNumber;
+    const char* czech;
+    const char* english;
+};
+
+constexpr std::array knownErrors{
+    Words{ENOENT, "Soubor nebo složka neexistuje.", "The file or folder does not exist."},
+    Words{EACCES, "K souboru chybí oprávnění.", "Permission to the file is missing."},
+    Words{EPERM, "K souboru chybí oprávnění.", "Permission to the file is missing."},
+    Words{EISDIR, "Místo souboru je zde složka.", "There is a folder in the place of the file."},
+    Words{ENOTDIR, "Část cesty k souboru není složka.", "A part of the path to the file is not a folder."},
+    Words{ENOSPC, "Na disku není dost místa.", "There is not enough room on the disk."},
+    Words{EDQUOT, "Byla vyčerpána disková kvóta.", "The disk quota is used up."},
+    Words{EFBIG, "Soubor by byl příliš velký.", "The file would be too large."},
+    Words{EROFS, "Disk je jen pro čtení.", "The disk is read-only."},
+    Words{ETXTBSY, "Soubor je právě používán.", "The file is in use."},
+    Words{EBUSY, "Soubor je právě používán.", "The file is in use."},
+    Words{EAGAIN, "Soubor je právě používán.", "The file is in use."},
+    Words{EINTR, "Práce se souborem byla přerušena.", "Work with the file was interrupted."},
+    Words{EOVERFLOW, "Soubor je příliš velký.", "The file is too large."},
+    Words{ESTALE, "Síťový disk není dostupný.", "The network disk cannot be reached."},
+    Words{ENOTCONN, "Síťový disk není dostupný.", "The network disk cannot be reached."},
+    Words{EHOSTDOWN, "Síťový disk není dostupný.", "The network disk cannot be reached."},
+    Words{EREMOTEIO, "Síťový disk není dostupný.", "The network disk cannot be reached."},
+    Words{ETIMEDOUT, "Síťový disk neodpovídá.", "The network disk does not answer."},
+    Words{ENOLCK, "Síťový disk neodpovídá.", "The network disk does not answer."},
+    Words{EIO, "Chyba vstupu nebo výstupu.", "Input or output failed."},
+    Words{ENAMETOOLONG, "Název souboru je příliš dlouhý.", "The name of the file is too long."},
+    Words{ELOOP, "Odkazy v cestě k souboru tvoří smyčku.", "The links in the path to the file form a loop."},
+    Words{EMFILE, "Je otevřeno příliš mnoho souborů.", "Too many files are open."},
+    Words{ENFILE, "Je otevřeno příliš mnoho souborů.", "Too many files are open."},
+    Words{ENXIO, "Není to obyčejný soubor.", "It is not a regular file."},
+    Words{EINVAL, "Není to obyčejný soubor.", "It is not a regular file."},
+    Words{ENODEV, "Není to obyčejný soubor.", "It is not a regular file."},
+    Words{ENOMEM, "Nedostatek paměti.", "Out of memory."},
+};
+
+const Words* wordsOf(int errorNumber)
+{
+    const auto* const found = std::find_if(knownErrors.begin(), knownErrors.end(),
+        [errorNumber](const Words& words) { return words.errorNumber == errorNumber; });
+    return found != knownErrors.end() ? found : nullptr;
+}
+
+}  // namespace
 
 std::string FileError::message() const
 {
@@ -12,64 +65,20 @@ std::string FileError::message() const
 
 std::string systemErrorText(int errorNumber)
 {
-    switch (errorNumber) {
-    case ENOENT:
-        return "Soubor nebo složka neexistuje.";
-    case EACCES:
-    case EPERM:
-        return "K souboru chybí oprávnění.";
-    case EISDIR:
-        return "Místo souboru je zde složka.";
-    case ENOTDIR:
-        return "Část cesty k souboru není složka.";
-    case ENOSPC:
-        return "Na disku není dost místa.";
-    case EDQUOT:
-        return "Byla vyčerpána disková kvóta.";
-    case EFBIG:
-        return "Soubor by byl příliš velký.";
-    case EROFS:
-        return "Disk je jen pro čtení.";
-    case ETXTBSY:
-    case EBUSY:
-    case EAGAIN:
-        return "Soubor je právě používán.";
-    case EINTR:
-        return "Práce se souborem byla přerušena.";
-    case EOVERFLOW:
-        return "Soubor je příliš velký.";
-    case ESTALE:
-    case ENOTCONN:
-    case EHOSTDOWN:
-    case EREMOTEIO:
-        return "Síťový disk není dostupný.";
-    case ETIMEDOUT:
-    case ENOLCK:
-        return "Síťový disk neodpovídá.";
-    case EIO:
-        return "Chyba vstupu nebo výstupu.";
-    case ENAMETOOLONG:
-        return "Název souboru je příliš dlouhý.";
-    case ELOOP:
-        return "Odkazy v cestě k souboru tvoří smyčku.";
-    case EMFILE:
-    case ENFILE:
-        return "Je otevřeno příliš mnoho souborů.";
-    case ENXIO:
-    case EINVAL:
-    case ENODEV:
-        return "Není to obyčejný soubor.";
-    case ENOMEM:
-        return "Nedostatek paměti.";
-    default:
-        // The system's own words would be English, or whatever the locale has.
-        return "Chyba systému číslo " + std::to_string(errorNumber) + ".";
-    }
+    // The system's own words would be English, or whatever the locale has.
+    const Words* const words = wordsOf(errorNumber);
+    return words != nullptr ? words->czech : "Chyba systému číslo " + integerText(errorNumber) + ".";
+}
+
+std::string englishSystemErrorText(int errorNumber)
+{
+    const Words* const words = wordsOf(errorNumber);
+    return words != nullptr ? words->english : "System error number " + integerText(errorNumber) + ".";
 }
 
 FileError systemError(FileStep step, const std::string& path, int errorNumber)
 {
-    return {step, path, 0, systemErrorText(errorNumber)};
+    return {step, path, 0, systemErrorText(errorNumber), englishSystemErrorText(errorNumber)};
 }
 
 FileError missingName(FileStep step, const char* contents)

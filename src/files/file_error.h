@@ -16,6 +16,7 @@ struct FileError {
     std::string path;
     std::size_t line = 0;     // from 1; 0 when no line is to blame
     std::string description;  // what went wrong, in Czech
+    std::string english{};    // the same for the companion tool; empty where there is only the Czech text
 
     /// The text of the error's message box: the line, the description, an empty line, the path if there is one.
     [[nodiscard]] std::string message() const;
@@ -23,6 +24,7 @@ struct FileError {
 
 /// What the system says of an error number, in Czech where we know the number.
 [[nodiscard]] std::string systemErrorText(int errorNumber);
+[[nodiscard]] std::string englishSystemErrorText(int errorNumber);
 
 /// An error of the system at one step of working with a file; errno is the usual number.
 [[nodiscard]] FileError systemError(FileStep step, const std::string& path, int errorNumber);

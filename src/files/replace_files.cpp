@@ -153,6 +153,7 @@ Result<void> openAll(std::deque<Target>& targets)
             if (targets[i].isSameFileAs(targets[j])) {
                 FileError error = targets[i].failure(FileStep::Open, 0);
                 error.description = "Dva z ukládaných souborů mají stejný název.";
+                error.english = "Two of the files to write are the same.";
                 return error;
             }
         }
@@ -168,6 +169,13 @@ Result<void> reserveAll(std::deque<Target>& targets)
             return reserved;
     }
     return {};
+}
+
+FileError withoutCopies(const std::string& folder)
+{
+    FileError error{FileStep::Write, folder, 0, "Přepisované soubory nelze předem zkopírovat; nic se nezapsalo."};
+    error.english = "The files to be replaced cannot be copied first; nothing was written.";
+    return error;
 }
 
 }  // namespace
@@ -192,6 +200,11 @@ Result<void> replaceFiles(const std::vector<Replacement>& replacements, const Sa
     }
 
     const std::string copyFolder = copies.copy(paths);
+    if (copies.refuses(copyFolder, paths)) {
+        for (Target& target : targets)
+            target.undo();
+        return withoutCopies(copies.folder());
+    }
     for (std::size_t i = 0; i < targets.size(); ++i) {
         const Result<void> written = targets[i].write();
         if (!written.ok()) {
@@ -201,10 +214,15 @@ Result<void> replaceFiles(const std::vector<Replacement>& replacements, const Sa
             FileError error = written.error();
             const std::string wholeFolder = copies.keep(copyFolder, paths);
             const std::string& named = copyFolder.empty() ? wholeFolder : copyFolder;
-            if (!named.empty())
+            if (!named.empty()) {
                 error.description += "\nKopie původních souborů je ve složce:\n" + named;
-            if (named != wholeFolder)
+                error.english += "\nA copy of the files as they were is in the folder:\n" + named;
+            }
+            if (named != wholeFolder) {
                 error.description += "\nSoubory z doby před prvním nezdařeným uložením jsou ve složce:\n" + wholeFolder;
+                error.english
+                    += "\nThe files from before the first save that failed are in the folder:\n" + wholeFolder;
+            }
             return error;
         }
     }

@@ -18,8 +18,9 @@ struct Replacement {
 
 /// Writes the new contents in place, so that links, owner, mode and inode stay. Before the first byte is written all
 /// files are opened, the room they grow by is reserved and what they hold is copied: until then a failure leaves
-/// everything as it was, with no new file left behind. A failure after that leaves the file cut to what was written, or
-/// whole when nothing was, the files behind it untouched, and names the folders of the copies in its description.
+/// everything as it was, with no new file left behind; so does a copy that is missing and must not be. A failure after
+/// that leaves the file cut to what was written, or whole when nothing was, the files behind it untouched, and names
+/// the folders of the copies in its description.
 [[nodiscard]] Result<void> replaceFiles(
     const std::vector<Replacement>& replacements, const SafetyCopies& copies, FileCalls& calls);
 

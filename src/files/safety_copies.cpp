@@ -81,6 +81,18 @@ std::vector<fs::path> foldersOfSaves(const fs::path& parent)
     return folders;
 }
 
+/// Those of the files that exist and hold something.
+std::vector<fs::path> filesToCopy(const std::vector<std::string>& paths)
+{
+    std::vector<fs::path> files;
+    for (const std::string& path : paths) {
+        std::error_code error;
+        if (fs::is_regular_file(path, error) && fs::file_size(path, error) > 0)
+            files.emplace_back(path);
+    }
+    return files;
+}
+
 /// As odkud.txt has them.
 std::vector<std::string> fullPaths(const std::vector<std::string>& paths)
 {
@@ -148,12 +160,7 @@ std::string SafetyCopies::copy(const std::vector<std::string>& paths) const
 {
     if (m_folder.empty())
         return {};
-    std::vector<fs::path> existing;
-    for (const std::string& path : paths) {
-        std::error_code error;
-        if (fs::is_regular_file(path, error) && fs::file_size(path, error) > 0)
-            existing.emplace_back(path);
-    }
+    const std::vector<fs::path> existing = filesToCopy(paths);
     if (existing.empty())
         return {};
     const fs::path folder = makeFolder(m_folder);
@@ -184,6 +191,19 @@ std::string SafetyCopies::copy(const std::vector<std::string>& paths) const
     flushToDisk(folder);
     dropOldest(m_folder, folder);
     return folder.string();
+}
+
+bool SafetyCopies::refuses(const std::string& copied, const std::vector<std::string>& paths) const
+{
+    if (m_missing == Missing::GoOn)
+        return false;
+    const std::vector<std::string> origins = copied.empty() ? std::vector<std::string>() : originsIn(copied);
+    std::vector<std::string> wanted;
+    for (const fs::path& path : filesToCopy(paths))
+        wanted.push_back(path.string());
+    wanted = fullPaths(wanted);
+    return !std::all_of(
+        wanted.begin(), wanted.end(), [&origins](const std::string& path) { return contains(origins, path); });
 }
 
 std::string SafetyCopies::keep(const std::string& copied, const std::vector<std::string>& paths) const

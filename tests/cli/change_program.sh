@@ -56,10 +56,12 @@ sha256sum "${old[@]}" >"$work/sums"
 
 # --- diff
 run 0 diff "${old[@]}" "${old[@]}"
+[ ! -s "$work/out" ] || fail "a difference of equal sets"
 run 0 diff "${old[@]:0:2}" "${old[@]:0:2}"
 run 0 diff --old "${old[@]}" --new "${old[@]}"
 run 1 diff "${old[@]}" + "${old[@]:0:2}"
 says out "prach: soubor má jen jedna strana"
+run 0 diff --without-dust "${old[@]}" + "${old[@]:0:2}"
 run 2 diff "${old[@]}" "${old[@]:0:2}"
 says err "Uveďte 2 a 2 nebo 3 a 3 soubory"
 run 2 diff "${old[@]}"
@@ -99,15 +101,18 @@ fresh
 sed 's/, 0\.16, 32, /, 0.17, 32, /' "${a[1]}" >"$work/other.txt"
 run 2 merge "${a[@]}" + "${a[0]}" "$work/other.txt" "${a[2]}" -o "${new[@]}"
 says err "zdroj 1 je v dřívějším soupisu jiný"
+! grep -q "jiný," "$work/err" || fail "something was done with a conflict"
 expect_empty "$work/new"
 run 0 merge "${a[@]}" + "${a[0]}" "$work/other.txt" "${a[2]}" --on-conflict keep -o "${new[@]}"
+says err "zdroj 1 je v dřívějším soupisu jiný, zůstává dřívější"
 run 0 diff "${a[@]}" "${new[@]}"
 fresh
 run 0 merge "${a[@]}" + "${a[0]}" "$work/other.txt" "${a[2]}" --on-conflict replace -o "${new[@]}"
+says err "zdroj 1 je v dřívějším soupisu jiný, nahradil jej"
 run 0 diff "${a[0]}" "$work/other.txt" "${a[2]}" "${new[@]}"
 fresh
 run 0 merge "${a[@]}" + "${a[0]}" "$work/other.txt" "${a[2]}" --on-conflict renumber -o "${new[@]}"
-says err "zdroj 1 dostal číslo 204"
+says err "zdroj 1 je v dřívějším soupisu jiný, dostal číslo 204"
 grep -q '^000000204,1800,' "$work/new/prach.txt" || fail "the dust does not go with its source"
 
 # --- renumber
@@ -126,6 +131,8 @@ run 2 renumber "${old[@]}" --start 1x -o "${new[@]}"
 run 2 renumber "${old[@]}" --start 1 --step 0 -o "${new[@]}"
 run 2 renumber "${old[@]}" --start 1
 says err "Uveďte --output, nebo --force"
+run 1 renumber "${old[@]}" --from 900- --start 1 -o "${new[@]}"
+says err "Žádný zdroj nemá uvedené číslo"
 expect_empty "$work/new"
 
 # --- writing only where it is allowed
@@ -152,7 +159,7 @@ fresh
 run 1 diff "${old[0]}" "$work/more.txt" "${old[2]}" "${old[@]}"
 # Dust behind a number of ten characters would shift.
 run 2 extract "$golden/negative-numbers/input"/{body,popis,prach}.txt --numbers=-10- -o "${new[@]}"
-says err "se nevejde na 9 míst"
+says err 'prach.txt:1: záznam -000000007, prach: „1800,1“ by se zapsalo jako „,1800,1“'
 expect_empty "$work/new"
 
 # --- export and import: the same bytes back
@@ -176,8 +183,17 @@ run 2 import --csv "$work/none.csv" "${new[@]}"
 run 2 export "${old[@]}"
 run 2 export "${old[@]}" --geojson "$work/new/z.json" --crs 5514
 run 2 export "${old[@]}" --csv "$work/new/y.csv" --crs EPSG:5514
-run 0 export "${old[@]}" --geojson "$work/new/z.json"
-says err "WGS 84"
+run 2 export "${old[@]}" --geojson "$work/new/z.json"
+says err "Ke --geojson uveďte --crs"
+[ ! -e "$work/new/z.json" ] || fail "GeoJSON of no system was written"
+run 0 export "${old[@]}" --csv "$work/new/y.csv"
+run 0 export "${old[@]}" --csv -
+cmp -s "$work/out" "$work/new/y.csv" || fail "not the table on the standard output"
+run 0 export --geojson - "${old[@]}" --crs EPSG:5514 --csv "$work/new/x.csv"
+says out '"FeatureCollection"'
+[ -e "$work/new/x.csvt" ] || fail "only one of two outputs was written"
+run 2 export --json "${old[@]}" --csv -
+says err "Na standardní výstup jde jen jedno"
 
 # --- calc
 run 0 calc vs "${old[@]}" --dry-run
@@ -188,17 +204,25 @@ run 0 calc vs "${old[@]}" --pressure 98000 --dry-run --json
 says out '"new": 3.016977'
 sha256sum --quiet -c "$work/sums" || fail "a dry run wrote"
 run 2 calc vs "${old[@]}"
-for wrong in 0 -1 x 1e39 ''; do
+for wrong in 0 -1 x 1e39 1013.25 29999 120001 nan ''; do
     run 2 calc vs "${old[@]}" --dry-run "--pressure=$wrong"
 done
 run 2 calc q "${old[@]}" --dry-run
 fresh
 sed 's/, 0\.8, 9\.5, 0\.45, /, 0.8, 0, 0.45, /' "${old[1]}" >"$work/still.txt"
 run 1 calc d "${old[0]}" "$work/still.txt" "${old[2]}" -o "${new[@]}"
-says err "zdroj 1: nelze vypočítat d, protože w0 = 0"
+says err "zdroj 1: w0_m_s je 0, musí být větší než 0"
+says out "Vypočteno: 2, změněno: 0, nelze: 1"
 grep -q '^000000001, 0.16, 32, 3.119339, 145, 0.8, 0, ' "${new[1]}" || fail "the source was changed"
 run 1 --lang en calc d "${old[0]}" "$work/still.txt" "${old[2]}" --dry-run
-says err "source 1: d cannot be computed, for w0 = 0"
+says err "source 1: w0_m_s is 0, it has to be above 0"
+run 1 calc vs "${old[@]}" --numbers 900 --dry-run
+says err "Žádný zdroj k výpočtu"
+fresh
+sed 's/, 145, 0\.8, /, -273.15, 0.8, /' "${old[1]}" >"$work/cold.txt"
+run 1 calc vs "${old[0]}" "$work/cold.txt" "${old[2]}" --numbers 1 -o "${new[@]}"
+says err "zdroj 1: ts_C je -273.15, musí být větší než -273.15"
+expect_empty "$work/new"
 
 # --- in place, and back again
 run 0 calc vs "${old[@]}" --pressure 98000 --force
@@ -215,9 +239,127 @@ run 2 restore 2000-01-01_00-00-00_00
 run 0 restore --json
 says out '"isThere": true'
 
+# --- what loading reads leniently is not lost in silence
+# refuses TEXT FILE SCRIPT: with the file of the inventory edited so, every command that writes refuses and says it.
+refuses() {
+    local text=$1 file=$2 script=$3
+    rm -rf "$work/odd"
+    mkdir "$work/odd"
+    cp "${old[@]}" "$work/odd"
+    sed -i "$script" "$work/odd/$file"
+    files "$work/odd"
+    for command in "extract --numbers 1-" "renumber --start 1" "calc vs" merge; do
+        local before=("${names[@]}")
+        [ "$command" = merge ] && before+=(+ "${a[@]}")
+        # shellcheck disable=SC2086  # a command with its options
+        run 2 $command "${before[@]}" -o "${new[@]}"
+        says err "$text"
+    done
+    run 2 export "${names[@]}" --csv "$work/new/z.csv"
+    says err "$text"
+    expect_empty "$work/new"
+    run 1 extract --numbers 1- "${names[@]}" --accept-losses -o "${new[@]}"
+    says err "$text"
+    fresh
+}
+fresh
+refuses 'popis.txt:5: záznam 000000001, pole 2: „0.1600000001“ by se zapsalo jako „0.16“' popis.txt 's/, 0\.16, /, 0.1600000001, /'
+refuses 'popis.txt:5: záznam 000000001, pole 11: navíc je „0“' popis.txt 's/, 0\.16, /, 0,16, /'
+refuses 'popis.txt:5: záznam 000000001, pole 3: „32 m“ by se zapsalo jako „32“' popis.txt 's/, 32, /, 32 m, /'
+refuses 'body.txt:5: záznam 000000001, název: „' body.txt '5s/$/; záložní/'
+refuses 'prach.txt:5: záznam 1, prach: „' prach.txt '5s/^0*//'
+# shellcheck disable=SC2016  # the last line, not a variable
+refuses 'poznámka „ruční úprava“ by se ztratila' prach.txt '$s/$/\n; ru\xe8n\xed \xfaprava/'
+# Only what the command itself writes counts.
+cp "${old[@]}" "$work/odd"
+sed -i '5s/^\([^,]*,[^,]*,[^,]*,[^,]*\)/\10001/' "$work/odd/popis.txt"
+files "$work/odd"
+run 2 extract --type point "${names[@]}" -o "${new[@]}"
+run 0 extract --type line "${names[@]}" -o "${new[@]}"
+fresh
+run 0 calc vs "${names[@]}" -o "${new[@]}"
+fresh
+run 2 calc d "${names[@]}" -o "${new[@]}"
+expect_empty "$work/new"
+run 0 calc d "${names[@]}" --dry-run
+run 0 stat "${names[@]}"
+sed -i 's/^000000001/1/' "$work/odd/prach.txt"
+cp "${old[1]}" "$work/odd/popis.txt"
+run 2 extract --numbers 1- "${names[@]}" -o "${new[@]}"
+run 0 extract --numbers 1- --without-dust "${names[@]}" -o "${new[@]:0:2}"
+fresh
+
+# --- UTF-8 is not taken for the code page
+iconv -f WINDOWS-1250 -t UTF-8 "${old[0]}" >"$work/odd/body.txt"
+for command in stat "diff ${old[*]}" "export --csv $work/new/z.csv" "calc vs --dry-run" \
+    "extract --numbers 1 -o ${new[*]}"; do
+    # shellcheck disable=SC2086  # a command with its options
+    run 2 $command "$work/odd/body.txt" "${old[@]:1}"
+    says err "body.txt:1: text je v UTF-8"
+done
+printf '\xEF\xBB\xBF' | cat - "${old[1]}" >"$work/odd/popis.txt"
+run 2 stat "${old[0]}" "$work/odd/popis.txt"
+says err "popis.txt:1: text je v UTF-8"
+expect_empty "$work/new"
+run 1 extract --numbers 1 --accept-losses "$work/odd/body.txt" "${old[@]:1}" -o "${new[@]}"
+says err "body.txt:1: text je v UTF-8"
+fresh
+
+# --- the files to write may stand in front of the others
+run 0 extract -o "${new[@]}" "${old[@]}" --numbers 1-
+sha256sum "${new[@]}" >"$work/front"
+fresh
+run 0 extract --numbers 1- "${old[@]}" -o "${new[@]}"
+sha256sum --quiet -c "$work/front" || fail "other files when --output stands in front"
+fresh
+run 0 extract --type line --without-dust -o "${new[@]:0:2}" "${old[@]}"
+fresh
+run 0 renumber -o "${new[@]:0:2}" "${old[@]:0:2}" --start 1
+fresh
+run 0 calc xy -o "${new[@]}" "${old[@]}"
+fresh
+run 0 merge -o "${new[@]}" "${a[@]}" + "${b[@]}" --sort
+fresh
+run 2 extract --type line -o "${new[@]:0:2}" "${old[@]}"
+says err "Za --output mají stát 2 soubory, s prachem 3"
+run 2 extract --type line "${old[@]}" -o "${new[@]}" "$work/other.txt"
+says err "příliš mnoho souborů"
+run 2 extract --type line -o "${new[@]}"
+expect_empty "$work/new"
+
+# --- stat says when it did not count all
+sed '5s/, 1, 1, 1 ;/, 7, 1, 1 ;/' "${old[0]}" >"$work/odd/body.txt"
+run 1 stat "$work/odd/body.txt" "${old[1]}"
+says err "body.txt:5: zdroj 1 je neznámého typu a nečte se"
+says out "Nezapočteno, bez popisu nebo neznámého typu: 1"
+run 0 stat "${old[@]}"
+
+# --- nothing is replaced without a copy
+sha256sum "${new[@]}" "${old[@]}" >"$work/now" 2>/dev/null || true
+echo file >"$work/no-folder"
+for command in "renumber --start 1 ${old[*]}" "calc vs --pressure 99000 ${old[*]}" \
+    "extract --numbers 1 ${old[*]} -o ${old[*]}" "export ${old[*]} --csv $work/other.txt"; do
+    # shellcheck disable=SC2086  # a command with its options
+    XDG_STATE_HOME=$work/no-folder run 2 $command --force
+    says err "$work/no-folder/korvexzdr: Přepisované soubory nelze předem zkopírovat; nic se nezapsalo."
+done
+# shellcheck disable=SC2086
+XDG_STATE_HOME=$work/no-folder run 2 --lang en renumber --start 1 "${old[@]}" --force
+says err "The files to be replaced cannot be copied first; nothing was written."
+sha256sum --quiet -c "$work/now" || fail "written without a copy"
+[ ! -e "$work/other.csvt" ] || fail "a new file was left behind"
+XDG_STATE_HOME=$work/no-folder run 0 extract --numbers 1 "${old[@]}" -o "${new[@]}"
+fresh
+
+# --- the system's errors in the language asked for
+run 2 --lang en stat "$work/none" "${old[1]}"
+says err "$work/none: The file or folder does not exist."
+run 2 stat "$work/none" "${old[1]}"
+says err "$work/none: Soubor nebo složka neexistuje."
+
 # --- nothing can be written
 run 2 extract "${old[@]}" --numbers 1 -o "$work/no/b" "$work/no/p" "$work/no/d"
-if "$program" diff "${old[@]}" "${old[@]}" >/dev/full 2>"$work/err"; then
+if "$program" stat "${old[@]}" >/dev/full 2>"$work/err"; then
     fail "a full disk went unnoticed"
 fi
 

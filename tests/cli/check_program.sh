@@ -57,7 +57,7 @@ says err "$work/none: Soubor nebo složka neexistuje."
 run 2 --lang en check "$work/none" "$examples/popis.txt"
 says err "$work/none: The file or folder does not exist."
 run 2 --lang en check "$work" "$examples/popis.txt"
-says err "$work: This is a folder, not a file."
+says err "$work: There is a folder in the place of the file."
 run 1 check "$examples/popis.txt" "$examples/body.txt" --lang en
 says out "body.txt:1:1: error [wrong-file] this looks like the points file, but should be the description file"
 run 2 check "$examples/body.txt"

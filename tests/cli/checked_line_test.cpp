@@ -28,22 +28,6 @@ TEST(CheckedLine, ColumnsCountCharactersFromOne)
     EXPECT_EQ((CheckedLine{utf8, CheckedFile::Points, 3, true}.placeOf(utf8.data() + 6).column), 5U);
 }
 
-TEST(CheckedLine, OnlyWellFormedUtf8LooksLikeUtf8)
-{
-    EXPECT_TRUE(looksLikeUtf8("Žluťoučký"));
-    EXPECT_TRUE(looksLikeUtf8("x\xEF\xBB\xBF"));
-    EXPECT_FALSE(looksLikeUtf8("plain"));
-    EXPECT_FALSE(looksLikeUtf8(""));
-    EXPECT_FALSE(looksLikeUtf8("V\xFDtopna"));
-    EXPECT_FALSE(looksLikeUtf8("\xC5"));
-    EXPECT_FALSE(looksLikeUtf8("č\xE8"));
-    EXPECT_FALSE(looksLikeUtf8("\xC0\x80"));
-    EXPECT_FALSE(looksLikeUtf8("\xE0\x80\x80"));
-    EXPECT_FALSE(looksLikeUtf8("\xED\xA0\x80"));
-    EXPECT_FALSE(looksLikeUtf8("\xF0\x80\x80\x80"));
-    EXPECT_FALSE(looksLikeUtf8("\xF4\x90\x80\x80"));
-}
-
 struct NumberCase {
     std::string_view field;
     std::string_view number;

@@ -40,6 +40,22 @@ TEST(GeoJson, AFeatureASourceWithItsGeometryAndTheValuesOfItsType)
     EXPECT_EQ(features[2]["properties"]["ML_g_s_m"], 0.01);
 }
 
+TEST(GeoJson, RealsAreWrittenAsRealsAndWholeNumbersAsWholeOnes)
+{
+    const test::TemporaryFolder folder;
+    const json collection = exported(test::loaded(test::writeThree(folder)));
+    for (const char* const name : {"M_g_s", "H_m", "ts_C", "Pd_h"})
+        EXPECT_TRUE(collection["features"][0]["properties"][name].is_number_float()) << name;
+    for (const char* const name : {"cislo", "typ", "X_m", "skupina"})
+        EXPECT_TRUE(collection["features"][0]["properties"][name].is_number_integer()) << name;
+    cZdroje source(cBodovyZdroj);
+    source.Parameters(0, 1E-05F);
+    SourceSet set;
+    set.append(std::move(source));
+    const std::string written = test::bytesOf(geoJsonBytes(set, "", false, ""));
+    EXPECT_NE(written.find(R"("M_g_s": 1E-05, "H_m": 0.0,)"), std::string::npos) << written;
+}
+
 TEST(GeoJson, IsValidForEveryOddInventory)
 {
     std::size_t cases = 0;

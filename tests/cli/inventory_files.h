@@ -27,9 +27,9 @@ inline std::string writeLines(
     return folder.write(name, bytes);
 }
 
-inline Inventory loaded(const SourceFiles& files)
+inline Inventory loaded(const SourceFiles& files, LoadFor use = LoadFor::Writing)
 {
-    Result<Inventory> inventory = loadInventory(files);
+    Result<Inventory> inventory = loadInventory(files, use);
     EXPECT_TRUE(inventory.ok()) << inventory.error().message();
     return inventory.ok() ? std::move(inventory.value()) : Inventory();
 }

@@ -42,21 +42,92 @@ TEST(CliInventory, RecordsWithoutAPartnerAndSecondOnesAreFoundWithTheirLines)
         {"000000001, 1", "", "000000001, 2", "000000002, 1", "12.4, 1", "000000004, 1", "000000099, 1"});
     files.dust = test::writeLines(folder, "prach", {";", "000000003", "000000001,1,1", "000000098,1,1"});
 
-    const Inventory inventory = test::loaded(files);
+    const Inventory inventory = test::loaded(files, LoadFor::Reading);
     EXPECT_THAT(findingsOf(inventory),
         ElementsAre(std::pair(LoadFinding::UnknownType, 3U), std::pair(LoadFinding::MissingDescription, 4U),
-            std::pair(LoadFinding::MissingDust, 5U), std::pair(LoadFinding::DescriptionNotTaken, 3U),
-            std::pair(LoadFinding::DescriptionNotTaken, 5U), std::pair(LoadFinding::DescriptionNotTaken, 7U),
-            std::pair(LoadFinding::DustNotTaken, 2U), std::pair(LoadFinding::DustNotTaken, 4U)))
+            std::pair(LoadFinding::MissingDust, 5U), std::pair(LoadFinding::NotTaken, 3U),
+            std::pair(LoadFinding::NotTaken, 5U), std::pair(LoadFinding::NotTaken, 7U),
+            std::pair(LoadFinding::NotTaken, 2U), std::pair(LoadFinding::NotTaken, 4U)))
         << "the dust of a source without a description is not taken";
     EXPECT_EQ(inventory.findings[4].number, "12.4");
-    EXPECT_EQ(inventory.findings[4].path, files.description);
+    EXPECT_EQ(inventory.pathOf(inventory.findings[4].file), files.description);
+}
+
+TEST(CliInventory, ForWritingTheRecordsAndCommentsThatASaveWouldChangeAreFoundAsWell)
+{
+    const test::TemporaryFolder folder;
+    SourceFiles files;
+    files.points = test::writeLines(folder, "body",
+        {";", "; Soupis ", ";SOUBOR S BODY", ";Soubor s popisem: jinde", ";dodatek", "1, 1, 2, 3, 1, 0, 0 ;Pec; stará",
+            "2, 1.5, 2, 3, 9, 0, 0 ;neznámý", "3, 1.5, 2, 3, 2, 0, 0 ;"});
+    files.description = test::writeLines(
+        folder, "popis", {";Soupis", ";SOUBOR S POPISEM (bodů)", "3, 1, 2", "1, 1,5, 0, 0, 0, 0, 0, 0, 0, 0"});
+    files.dust = test::writeLines(folder, "prach", {";Starý soupis", "1,1,2", "000000003,1", ";", ""});
+
+    const Inventory inventory = test::loaded(files, LoadFor::Writing);
+    EXPECT_THAT(findingsOf(inventory),
+        ElementsAre(std::pair(LoadFinding::LostComment, 5U), std::pair(LoadFinding::ChangedName, 6U),
+            std::pair(LoadFinding::UnknownType, 7U), std::pair(LoadFinding::ChangedValue, 8U),
+            std::pair(LoadFinding::MissingValue, 3U), std::pair(LoadFinding::SurplusFields, 4U),
+            std::pair(LoadFinding::LostComment, 1U), std::pair(LoadFinding::ChangedDust, 2U),
+            std::pair(LoadFinding::ChangedDust, 3U)));
+    EXPECT_EQ(inventory.findings[0].before, "dodatek");
+    EXPECT_EQ(inventory.findings[3].position, 2U) << "the record of an unknown type is no source";
+    EXPECT_EQ(inventory.findings[3].field, 2U);
+    EXPECT_THAT(
+        findingsOf(test::loaded(files, LoadFor::Reading)), ElementsAre(std::pair(LoadFinding::UnknownType, 7U)));
+}
+
+TEST(CliInventory, WhatOneOfSeveralSourcesOfANumberKeepsIsNotLost)
+{
+    const test::TemporaryFolder folder;
+    SourceFiles files;
+    files.points = test::writeLines(folder, "body",
+        {"5, 1, 2, 3, 9, 0, 0 ;", "5, 1, 2, 3, 2, 0, 0 ;", "5, 1, 2, 3, 1, 0, 0 ;", "6, 1, 2, 3, 2, 0, 0 ;",
+            "7, 1, 2, 3, 9, 0, 0 ;"});
+    files.description = test::writeLines(
+        folder, "popis", {"7, 1,2,3,4,5,6,7,8,9,10,11", "6, 1,2,3,4,5,6,7,8,9", "5, 1,2,3,4,5,6,7,8,9"});
+    files.dust = test::writeLines(folder, "prach", {"000000006,1800,1", "000000005,1800,1", "7,1"});
+    const Inventory inventory = test::loaded(files, LoadFor::Writing);
+    EXPECT_THAT(findingsOf(inventory),
+        ElementsAre(std::pair(LoadFinding::UnknownType, 1U), std::pair(LoadFinding::UnknownType, 5U),
+            std::pair(LoadFinding::ChangedDust, 1U)));
+}
+
+TEST(CliInventory, TheFirstLineOfEachFileThatIsUtf8IsFound)
+{
+    const test::TemporaryFolder folder;
+    SourceFiles files = test::writeThree(folder);
+    const auto utf8Lines = [&files] {
+        std::vector<std::pair<DataFile, std::size_t>> lines;
+        for (const LoadFor use : {LoadFor::Counting, LoadFor::Reading, LoadFor::Writing}) {
+            lines.clear();
+            for (const FindingPlace& place : test::loaded(files, use).findings) {
+                if (place.finding == LoadFinding::Utf8)
+                    lines.emplace_back(place.file, place.line);
+            }
+        }
+        return lines;
+    };
+    EXPECT_THAT(utf8Lines(), IsEmpty());
+    // In the code page these bytes are a letter and a quotation mark or the like.
+    folder.write("body.txt", "; soupis\n1, 1, 1, 1, 3, 0, 0 ;Žižkov\n2, 1, 1, 1, 3, 0, 0 ;Žižkov\n");
+    folder.write("popis.txt", "\xEF\xBB\xBF;soupis\n1, 1\n2, 1\n");
+    folder.write("prach.txt", "1\n2\n;poznámka");
+    EXPECT_THAT(utf8Lines(),
+        ElementsAre(
+            std::pair(DataFile::Points, 2U), std::pair(DataFile::Description, 1U), std::pair(DataFile::Dust, 3U)));
+    // Words of the code page whose bytes happen to be well-formed UTF-8: of letters that the code page lacks.
+    folder.write("body.txt", encodeCodePage("1, 1, 1, 1, 3, 0, 0 ;Úžlabina\n2, 1, 1, 1, 3, 0, 0 ;Úštěk\n"));
+    folder.write("popis.txt", "1, 1\n2, 1\n");
+    folder.write("prach.txt", encodeCodePage(";Příliš žluťoučký kůň úpěl ďábelské ódy – §\n1\n2\n"));
+    EXPECT_THAT(utf8Lines(), IsEmpty());
 }
 
 TEST(CliInventory, AFileThatIsNotThereIsAnError)
 {
     const test::TemporaryFolder folder;
-    const Result<Inventory> inventory = loadInventory({folder.path("a"), folder.path("b"), ""});
+    const Result<Inventory> inventory = loadInventory({folder.path("a"), folder.path("b"), ""}, LoadFor::Reading);
     ASSERT_FALSE(inventory.ok());
     EXPECT_EQ(inventory.error().path, folder.path("a"));
 }

@@ -35,7 +35,7 @@ TEST(Recalculation, OfTheExampleChangesNothingAtItsPressure)
     for (const Quantity quantity : {Quantity::Vs, Quantity::XY}) {
         Inventory example = test::loaded(test::exampleFiles());
         const Recalculation result = recalculate(example.set, quantity, normal, {});
-        EXPECT_EQ(result.computed, quantity == Quantity::XY ? 12U : 3U);
+        EXPECT_EQ(result.computed.size(), quantity == Quantity::XY ? 12U : 3U);
         EXPECT_THAT(result.changed, IsEmpty());
         EXPECT_THAT(result.notComputed, IsEmpty());
     }
@@ -73,29 +73,53 @@ TEST(Recalculation, AKnownVolumeComesOut)
     EXPECT_EQ(singleText(inventory.set.at(1).Parameters(2)), "14.156");
 }
 
-TEST(Recalculation, AZeroDivisorAndAFaultLeaveTheSourceAndTheOthersGoOn)
+TEST(Recalculation, WhatNoStackCanHaveLeavesTheSourceAndTheOthersGoOn)
 {
-    Inventory inventory = inventoryOf({{10, 20, 2, 0}, {-10, 20, 2, 5}, {10, 20, 2, 5}});
-    const Recalculation result = recalculate(inventory.set, Quantity::d, normal, {});
-    EXPECT_EQ(result.computed, 1U);
-    ASSERT_EQ(result.notComputed.size(), 2U);
-    EXPECT_EQ(result.notComputed[0].position, 1U);
-    EXPECT_EQ(result.notComputed[0].fault, "");
-    EXPECT_EQ(result.notComputed[1].position, 2U);
-    EXPECT_NE(result.notComputed[1].fault, "");
-    EXPECT_EQ(inventory.set.at(1).Parameters(4), 2.0F);
-    EXPECT_EQ(inventory.set.at(2).Parameters(4), 2.0F);
-    EXPECT_EQ(result.changed.size(), 1U);
+    struct Case {
+        Quantity quantity;
+        std::array<float, 4> values;  // Vs, ts, d, w0
+        std::size_t column;
+        const char* value;
+        NotComputed::Reason reason = NotComputed::Reason::TooSmall;
+    };
+    constexpr auto outOfRange = NotComputed::Reason::OutOfRange;
+    for (const Case& given : {Case{Quantity::d, {10, 20, 2, 0}, column::Velocity, "0"},
+             Case{Quantity::d, {10, 20, 2, -5}, column::Velocity, "-5"},
+             Case{Quantity::d, {-10, 20, 2, 5}, column::GasVolume, "-10"},
+             Case{Quantity::d, {10, -273.15F, 2, 5}, column::Temperature, "-273.15"},
+             Case{Quantity::w0, {10, 20, 0, 5}, column::Diameter, "0"},
+             Case{Quantity::w0, {0, 20, 2, 5}, column::GasVolume, "0"},
+             Case{Quantity::w0, {10, 20, 1E-30F, 5}, column::Velocity, "", outOfRange},
+             Case{Quantity::Vs, {10, -300, 2, 5}, column::Temperature, "-300"},
+             Case{Quantity::Vs, {10, 20, 2, 0}, column::Velocity, "0"},
+             Case{Quantity::Vs, {10, 20, -2, 5}, column::Diameter, "-2"},
+             Case{Quantity::Vs, {10, 20, 1E-30F, 5}, column::GasVolume, "", outOfRange},
+             Case{Quantity::Vs, {10, 20, 1E25F, 5}, column::GasVolume, "", outOfRange}}) {
+        Inventory inventory = inventoryOf({given.values, {10, 20, 2, 5}});
+        const Recalculation result = recalculate(inventory.set, given.quantity, normal, {});
+        EXPECT_THAT(result.computed, ElementsAre(2U));
+        EXPECT_EQ(result.changed.size(), 1U);
+        ASSERT_EQ(result.notComputed.size(), 1U);
+        EXPECT_EQ(result.notComputed[0].position, 1U);
+        EXPECT_EQ(result.notComputed[0].reason, given.reason);
+        EXPECT_EQ(result.notComputed[0].column, given.column);
+        EXPECT_EQ(result.notComputed[0].value, given.value);
+        for (std::int32_t i = 0; i < 4; ++i)
+            EXPECT_EQ(inventory.set.at(1).Parameters(2 + i), given.values[static_cast<std::size_t>(i)]);
+    }
+}
 
-    Inventory flat = inventoryOf({{10, 20, 0, 5}});
-    EXPECT_EQ(recalculate(flat.set, Quantity::w0, normal, {}).notComputed.size(), 1U);
+TEST(Recalculation, ATemperatureJustAboveAbsoluteZeroIsComputed)
+{
+    Inventory inventory = inventoryOf({{10, -273, 2, 5}});
+    EXPECT_EQ(recalculate(inventory.set, Quantity::Vs, normal, {}).computed.size(), 1U);
 }
 
 TEST(Recalculation, SegmentsGetTheirMidpointAndOnlyTheNumbersAskedForAreTouched)
 {
     const test::TemporaryFolder folder;
     Inventory inventory = test::loaded(test::writeThree(folder));
-    EXPECT_EQ(recalculate(inventory.set, Quantity::XY, normal, {{1, 2}}).computed, 0U);
+    EXPECT_EQ(recalculate(inventory.set, Quantity::XY, normal, {{1, 2}}).computed.size(), 0U);
     EXPECT_EQ(inventory.set.at(3).X(), 50);
     const Recalculation result = recalculate(inventory.set, Quantity::XY, normal, {{3, 3}});
     ASSERT_EQ(result.changed.size(), 1U);

@@ -76,7 +76,7 @@ TEST_P(SavedForm, IsReportedExactlyWhenASaveWritesOtherBytes)
             folder.write("popis.txt", lines[1] + "\r\n"), folder.write("prach.txt", lines[2] + "\r\n")};
         Findings findings(Language::English, 0, {});
         ASSERT_TRUE(checkInventory({files, "", 101325.0F}, findings).ok());
-        const Result<Inventory> inventory = loadInventory(files);
+        const Result<Inventory> inventory = loadInventory(files, LoadFor::Counting);
         // A line that makes the file unreadable or its record belong to no source is not saved.
         if (!inventory.ok() || inventory.value().set.size() != 1 || findings.count(Rule::WrongFile) > 0
             || findings.count(Rule::OrphanDescription) > 0 || findings.count(Rule::OrphanDust) > 0)

@@ -405,6 +405,36 @@ TEST_F(ReplaceFiles, CopiesThatCannotBeMadeDoNotStopIt)
     EXPECT_TRUE(isReplaced(changes[0]));
 }
 
+TEST_F(ReplaceFiles, CopiesThatMustBeMadeAndCannotStopItBeforeAnythingIsWritten)
+{
+    const std::vector<Change> changes{{"a.txt", "old a", "a"}};
+    lay(changes);
+    std::vector<Replacement> wanted = replacements(changes);
+    wanted.push_back(replacement(folder.path("new.txt"), "new"));
+    for (const std::string& unusable : {folder.path("a.txt") + "/kopie", std::string()}) {
+        const SafetyCopies copies(unusable, SafetyCopies::Missing::Refuse);
+        const Result<void> replaced = replaceFiles(wanted, copies, calls);
+        ASSERT_FALSE(replaced.ok());
+        EXPECT_EQ(replaced.error().path, unusable);
+        EXPECT_FALSE(replaced.error().english.empty());
+        EXPECT_EQ(folder.bytes("a.txt"), "old a");
+        EXPECT_FALSE(std::filesystem::exists(folder.path("new.txt")));
+    }
+}
+
+TEST_F(ReplaceFiles, WhereThereIsNothingToCopyNoCopyIsMissing)
+{
+    folder.write("empty.txt", "");
+    std::vector<Replacement> wanted;
+    wanted.push_back(replacement(folder.path("empty.txt"), "a"));
+    wanted.push_back(replacement(folder.path("new.txt"), "b"));
+    ASSERT_TRUE(replaceFiles(wanted, SafetyCopies("", SafetyCopies::Missing::Refuse), calls).ok());
+    EXPECT_EQ(folder.bytes("new.txt"), "b");
+    wanted[0].bytes.room() += "c";
+    ASSERT_TRUE(replaceFiles(wanted, SafetyCopies(copyFolder.path(), SafetyCopies::Missing::Refuse), calls).ok());
+    EXPECT_EQ(folder.bytes("empty.txt"), "ac");
+}
+
 TEST_F(ReplaceFiles, NothingToReplaceIsNoError)
 {
     EXPECT_TRUE(replaceFiles({}, noCopies, calls).ok());

@@ -12,6 +12,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstddef>
@@ -152,6 +153,19 @@ TEST(SystemErrorText, IsNeverEmpty)
 {
     for (int errorNumber = 1; errorNumber < 200; ++errorNumber)
         EXPECT_FALSE(systemErrorText(errorNumber).empty()) << errorNumber;
+}
+
+TEST(SystemErrorText, HasAnEnglishOneForEachCzechOne)
+{
+    EXPECT_EQ(englishSystemErrorText(ENOENT), "The file or folder does not exist.");
+    EXPECT_EQ(systemError(FileStep::Open, "a", ENOSPC).english, "There is not enough room on the disk.");
+    for (int errorNumber = 1; errorNumber < 200; ++errorNumber) {
+        const bool isKnown = systemErrorText(errorNumber).find("Chyba systému číslo") != 0;
+        EXPECT_EQ(isKnown, englishSystemErrorText(errorNumber).find("System error number") != 0) << errorNumber;
+        const std::string english = englishSystemErrorText(errorNumber);
+        EXPECT_TRUE(std::all_of(english.begin(), english.end(), [](char c) { return c >= ' ' && c <= '~'; }))
+            << english;
+    }
 }
 
 class SystemMessages : public testing::Test {
