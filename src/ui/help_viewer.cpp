@@ -49,6 +49,8 @@ HelpViewer::HelpViewer(SettingsStore& settings)
 
     m_browser->setObjectName(QStringLiteral("page"));
     m_browser->setAccessibleName(QStringLiteral("Stránka nápovědy"));
+    // A picture is made to fit before it is known that the page needs the bar.
+    m_browser->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     buildActions();
     auto* const topRow = makeTopRow();
     auto* const splitter = new QSplitter(this);

@@ -35,6 +35,7 @@ private slots:
     void everyPageIsShown();
     void pageNeedsNoPictures();
     void widePictureIsMadeToFit();
+    void firstPictureNeedsNoScrollingSideways();
     void backForwardAndHome_data();
     void backForwardAndHome();
     void contentsFollowThePage();
@@ -183,6 +184,14 @@ void HelpViewerTest::widePictureIsMadeToFit()
     const int narrow = widthIn(200);
     QVERIFY(narrow > 100);
     QVERIFY(narrow < parts->page().viewport()->width());
+}
+
+void HelpViewerTest::firstPictureNeedsNoScrollingSideways()
+{
+    const auto parts = makeParts();
+    parts->viewer.open(QStringLiteral("frmKORVEXZDR"));
+    QVERIFY(parts->page().verticalScrollBar()->maximum() > 0);
+    QCOMPARE(parts->page().horizontalScrollBar()->maximum(), 0);
 }
 
 void HelpViewerTest::backForwardAndHome_data()
