@@ -5,6 +5,7 @@
 #include "help_viewer.h"
 
 #include <QApplication>
+#include <QFileDialog>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -65,7 +66,7 @@ Topic topicOfWindow(const QWidget* window)
 /// A box has something to say that mostly stands on another page than its owner's.
 Topic topicOfBox(const QMessageBox& box)
 {
-    const Topic ofOwner = topicOfWindow(&box);
+    Topic ofOwner = topicOfWindow(&box);
     const auto* const known = std::find_if(boxTopics.begin(), boxTopics.end(), [&box](const BoxTopic& topic) {
         const QString words = QString::fromUtf8(topic.words);
         return box.windowTitle() == words || box.text().startsWith(words);
@@ -74,7 +75,9 @@ Topic topicOfBox(const QMessageBox& box)
         const QString page = QString::fromLatin1(known->page);
         return {page.isEmpty() ? ofOwner.page : page, QString::fromLatin1(known->section)};
     }
-    if (box.icon() == QMessageBox::Warning || box.icon() == QMessageBox::Critical)
+    // A file dialog has boxes of the toolkit, too, which the page of messages does not know.
+    const bool isOfFileDialog = qobject_cast<QFileDialog*>(box.parentWidget()) != nullptr;
+    if (!isOfFileDialog && (box.icon() == QMessageBox::Warning || box.icon() == QMessageBox::Critical))
         return {messagesHelpPage, {}};
     return ofOwner;
 }

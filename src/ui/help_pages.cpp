@@ -36,7 +36,7 @@ public:
     /// Gives it back as well.
     QString endBlock()
     {
-        const QString text = m_block.simplified();
+        QString text = m_block.simplified();
         if (!text.isEmpty())
             m_blocks.append(text);
         m_block.clear();

@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMap>
@@ -45,6 +46,7 @@ private slots:
     void boxShowsThePageOfWhatItTells();
     void boxShowsThePageOfItsOwner();
     void fileDialogShowsThePageOfItsOwner();
+    void boxOfAFileDialogShowsThePageOfItsOwner();
     void windowUnknownToTheHelpShowsTheContents();
     void openMenuIsClosed();
     void heldKeyOpensOnce();
@@ -376,6 +378,22 @@ void ContextHelpTest::fileDialogShowsThePageOfItsOwner()
         ToolkitFileChooser chooser(boxes);
         QCOMPARE(chooser.open(&editor, {QStringLiteral("Otevři"), QStringLiteral("Vše|*"), QDir::tempPath(), {}}),
             QString());
+    });
+}
+
+void ContextHelpTest::boxOfAFileDialogShowsThePageOfItsOwner()
+{
+    const ContextHelp help(harness().settings);
+    inWindow(QStringLiteral("frmSaveZdroje"), [this](QWidget& window) {
+        QFileDialog dialog(&window);
+        harness().dialogs.useNext(QString(), [](QDialog& box) {
+            QVERIFY(waitUntilActive(box));
+            pressF1(box);
+            QCOMPARE(shownPage(), QStringLiteral("frmSaveZdroje"));
+            box.reject();
+        });
+        ToolkitMessageBoxes boxes;
+        boxes.show(&dialog, {{}, QStringLiteral("Soubor již existuje"), BoxIcon::Exclamation, BoxButtons::Ok, {}});
     });
 }
 
