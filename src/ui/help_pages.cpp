@@ -33,12 +33,14 @@ class BlockCollector {
 public:
     void add(QStringView text) { m_block += text; }
     void endCell() { m_block += QLatin1Char(' '); }
-    void endBlock()
+    /// Gives it back as well.
+    QString endBlock()
     {
-        const QString text = m_block.simplified();
+        QString text = m_block.simplified();
         if (!text.isEmpty())
             m_blocks.append(text);
         m_block.clear();
+        return text;
     }
     [[nodiscard]] QStringList blocks() const { return m_blocks; }
 
@@ -53,6 +55,11 @@ bool isBlock(QStringView element)
         QStringLiteral("p"), QStringLiteral("li"), QStringLiteral("tr"), QStringLiteral("pre"), QStringLiteral("dt"),
         QStringLiteral("dd")};
     return blocks.contains(element.toString());
+}
+
+bool isHeading(QStringView element)
+{
+    return element == QStringLiteral("h2") || element == QStringLiteral("h3") || element == QStringLiteral("dt");
 }
 
 bool isCell(QStringView element)
@@ -91,6 +98,7 @@ QList<HelpChapter> readList(QXmlStreamReader& xml)
 }  // namespace
 
 const QString contentsHelpPage = QStringLiteral("obsah");
+const QString messagesHelpPage = QStringLiteral("hlaseni");
 
 QStringList helpPageNames()
 {
@@ -129,8 +137,14 @@ HelpText helpText(const QString& name)
         xml.readNext();
         if (xml.isStartElement() && xml.name() == QStringLiteral("title"))
             text.title = xml.readElementText().simplified();
+        else if (xml.isStartElement() && xml.attributes().value("name") == QStringLiteral("keywords"))
+            text.keywords = xml.attributes().value("content").toString();
+        else if (xml.isStartElement() && xml.attributes().value("class") == QStringLiteral("na-strance"))
+            xml.skipCurrentElement();
         else if (xml.isCharacters())
             collector.add(xml.text());
+        else if (xml.isEndElement() && isHeading(xml.name()))
+            text.headings.append(collector.endBlock());
         else if ((xml.isStartElement() || xml.isEndElement()) && isBlock(xml.name()))
             collector.endBlock();
         else if (xml.isEndElement() && isCell(xml.name()))

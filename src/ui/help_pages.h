@@ -10,6 +10,7 @@ namespace korvex {
 
 /// A page is known by the name of its file without ".html"; the page of a window has the window's object name.
 extern const QString contentsHelpPage;
+extern const QString messagesHelpPage;
 
 [[nodiscard]] QStringList helpPageNames();
 [[nodiscard]] bool isHelpPage(const QString& name);
@@ -19,7 +20,12 @@ extern const QString contentsHelpPage;
 
 struct HelpText {
     QString title;
-    /// The texts of headings, paragraphs, entries and table rows, one after the other.
+    /// What people look for here in other words than the page's own.
+    QString keywords;
+    /// Those within the page.
+    QStringList headings;
+    /// The texts of headings, paragraphs, entries and table rows, one after the other, without the links to the
+    /// page's own sections.
     QStringList blocks;
 };
 

@@ -5,7 +5,7 @@
 #include <QChar>
 
 #include <algorithm>
-#include <array>
+#include <tuple>
 
 namespace korvex {
 
@@ -24,6 +24,21 @@ QChar folded(QChar character)
     return character.toCaseFolded();
 }
 
+/// Without its Czech ending, so that "komínů" and "uložit" are found as "komíny" and "uložení". Short words stay.
+QString stem(const QString& word)
+{
+    constexpr qsizetype shortest = 4;
+    // The longer ones first, for they hold the shorter.
+    static const QStringList endings = QStringLiteral("ovani avani ovat avat enim ani eni ami emi ach ech ich ych eho "
+                                                      "iho emu imu ovi at et it ut am em im om um ym ou a e i o u y")
+                                           .split(QLatin1Char(' '));
+    for (const QString& ending : endings) {
+        if (word.endsWith(ending) && word.size() - ending.size() >= shortest)
+            return word.chopped(ending.size());
+    }
+    return word;
+}
+
 /// How many of the words are in the text.
 qsizetype wordsIn(const QString& text, const QStringList& words)
 {
@@ -35,11 +50,17 @@ bool hasAll(const QString& text, const QStringList& words)
     return wordsIn(text, words) == words.size();
 }
 
+bool anyHasAll(const QStringList& texts, const QStringList& words)
+{
+    return std::any_of(texts.begin(), texts.end(), [&words](const QString& text) { return hasAll(text, words); });
+}
+
 /// The first of the blocks with most of the words; a heading, which tells nothing, only for want of a longer one.
+/// Where no block has any, what the page begins with.
 qsizetype tellingBlock(const QStringList& blocks, const QStringList& words)
 {
     constexpr qsizetype longerThanAHeading = 40;
-    qsizetype best = 0;
+    qsizetype best = std::min<qsizetype>(1, blocks.size() - 1);
     qsizetype mostWords = 0;
     // The first block is the title, which is shown anyway.
     for (qsizetype i = 1; i < blocks.size(); ++i) {
@@ -92,6 +113,7 @@ QStringList foldedWords(const QString& question)
     // Marks that were typed or pasted as characters of their own would stay.
     const QString folded = foldedText(question.normalized(QString::NormalizationForm_C));
     QStringList words = folded.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    std::transform(words.begin(), words.end(), words.begin(), stem);
     words.removeDuplicates();
     return words;
 }
@@ -103,32 +125,57 @@ HelpIndex::HelpIndex()
         if (name == contentsHelpPage)
             continue;
         const HelpText text = helpText(name);
-        Page page{name, text.title, foldedText(text.title), text.blocks, {}};
+        Page page{name, text.title, foldedText(text.title), foldedText(text.keywords), {}, text.blocks, {}};
+        for (const QString& heading : text.headings)
+            page.foldedHeadings.append(foldedText(heading));
         for (const QString& block : text.blocks)
             page.foldedBlocks.append(foldedText(block));
         m_pages.append(page);
     }
 }
 
+bool HelpIndex::hasAllWords(const Page& page, const QStringList& words)
+{
+    return hasAll(page.foldedKeywords + QLatin1Char('\n') + page.foldedBlocks.join(QLatin1Char('\n')), words);
+}
+
+HelpIndex::Closeness HelpIndex::closeness(const Page& page, const QStringList& words)
+{
+    if (foldedWords(page.title) == words)
+        return Closeness::WholeTitle;
+    if (hasAll(page.foldedTitle + QLatin1Char('\n') + page.foldedKeywords, words))
+        return Closeness::TitleAndKeywords;
+    if (anyHasAll(page.foldedHeadings, words))
+        return Closeness::Heading;
+    return anyHasAll(page.foldedBlocks, words) ? Closeness::Block : Closeness::Page;
+}
+
 QList<HelpHit> HelpIndex::find(const QStringList& words) const
 {
     if (words.isEmpty())
         return {};
-    enum Closeness { InTitle, InOneBlock, InPage };
-    std::array<QList<HelpHit>, InPage + 1> hits;
+    struct Found {
+        HelpHit hit;
+        Closeness closeness;
+        qsizetype blocks;
+    };
+    QList<Found> found;
     for (const Page& page : m_pages) {
-        if (!hasAll(page.foldedBlocks.join(QLatin1Char('\n')), words))
+        if (!hasAllWords(page, words))
             continue;
         const qsizetype best = tellingBlock(page.foldedBlocks, words);
-        Closeness closeness = InPage;
-        if (hasAll(page.foldedTitle, words))
-            closeness = InTitle;
-        else if (hasAll(page.foldedBlocks.at(best), words))
-            closeness = InOneBlock;
-        hits.at(closeness).append(
-            {page.name, page.title, contextIn(page.blocks.at(best), page.foldedBlocks.at(best), words)});
+        const qsizetype blocks = std::count_if(page.foldedBlocks.begin(), page.foldedBlocks.end(),
+            [&words](const QString& block) { return wordsIn(block, words) > 0; });
+        found.append({{page.name, page.title, contextIn(page.blocks.at(best), page.foldedBlocks.at(best), words)},
+            closeness(page, words), blocks});
     }
-    return hits[InTitle] + hits[InOneBlock] + hits[InPage];
+    std::stable_sort(found.begin(), found.end(), [](const Found& one, const Found& other) {
+        return std::tie(one.closeness, one.blocks) > std::tie(other.closeness, other.blocks);
+    });
+    QList<HelpHit> hits;
+    for (const Found& one : found)
+        hits.append(one.hit);
+    return hits;
 }
 
 }  // namespace korvex

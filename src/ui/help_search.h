@@ -1,4 +1,4 @@
-// Searching the help: all words of a question, with no regard to letter case and to the marks of Czech letters.
+// Searching the help: all words of a question, in any of their Czech forms, with no regard to letter case and marks.
 #pragma once
 
 #include <QList>
@@ -9,7 +9,7 @@ namespace korvex {
 
 /// The text as it is searched: small letters without marks. Each character stays in its place.
 [[nodiscard]] QString foldedText(const QString& text);
-/// The words of a question, folded, each once.
+/// The words of a question, folded and without the ending that declines them, each once.
 [[nodiscard]] QStringList foldedWords(const QString& question);
 
 struct HelpHit {
@@ -23,8 +23,7 @@ class HelpIndex {
 public:
     HelpIndex();
 
-    /// The pages that hold all the words: first those with all of them in the title, then those with all of them
-    /// in one block, then the others.
+    /// The pages that hold all the words, the closest first: see Closeness, then by how many blocks tell of them.
     [[nodiscard]] QList<HelpHit> find(const QStringList& words) const;
 
 private:
@@ -32,9 +31,16 @@ private:
         QString name;
         QString title;
         QString foldedTitle;
+        QString foldedKeywords;
+        QStringList foldedHeadings;
         QStringList blocks;
         QStringList foldedBlocks;
     };
+    /// Where all the words are together.
+    enum class Closeness { Page, Block, Heading, TitleAndKeywords, WholeTitle };
+
+    [[nodiscard]] static bool hasAllWords(const Page& page, const QStringList& words);
+    [[nodiscard]] static Closeness closeness(const Page& page, const QStringList& words);
 
     QList<Page> m_pages;
 };

@@ -49,6 +49,8 @@ HelpViewer::HelpViewer(SettingsStore& settings)
 
     m_browser->setObjectName(QStringLiteral("page"));
     m_browser->setAccessibleName(QStringLiteral("Stránka nápovědy"));
+    // A picture is made to fit before it is known that the page needs the bar.
+    m_browser->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     buildActions();
     auto* const topRow = makeTopRow();
     auto* const splitter = new QSplitter(this);
@@ -210,11 +212,20 @@ void HelpViewer::takeSize()
         m_placement.restore();
 }
 
-void HelpViewer::open(const QString& page)
+void HelpViewer::open(const QString& page, const QString& section)
 {
-    m_browser->showPage(page);
+    // The page that is being read keeps its place.
+    const bool isRead = isVisible() && page == this->page() && section.isEmpty();
+    m_question->clear();
     setWindowState(windowState() & ~Qt::WindowMinimized);
+    // Where a section stands is known in the width that the page is shown in.
     show();
+    if (!isRead) {
+        QUrl address = helpPageAddress(page);
+        if (!section.isEmpty())
+            address.setFragment(section);
+        m_browser->setSource(address);
+    }
     raise();
     activateWindow();
     m_browser->setFocus();

@@ -33,8 +33,8 @@ public:
     ~HelpViewer() override;
     Q_DISABLE_COPY_MOVE(HelpViewer)
 
-    /// Shows the page in the window, which comes to the front with the focus.
-    void open(const QString& page);
+    /// Shows the page in the window, which comes to the front with the focus, from the section on if one is named.
+    void open(const QString& page, const QString& section = {});
     [[nodiscard]] QString page() const;
 
 protected:

@@ -8,11 +8,15 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMap>
 #include <QPointer>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QTabWidget>
+#include <QTextBlock>
 #include <QTextBrowser>
 #include <QTreeWidget>
 #include <QWindow>
@@ -36,8 +40,13 @@ private slots:
     void helpIsUsableWhileADialogIsOpen();
     void closingTheDialogLeavesTheHelpAlone();
     void helpIsReusedAndComesBackFromItsClosing();
+    void keyShowsTheSectionOfTheTab_data();
+    void keyShowsTheSectionOfTheTab();
+    void boxShowsThePageOfWhatItTells_data();
+    void boxShowsThePageOfWhatItTells();
     void boxShowsThePageOfItsOwner();
     void fileDialogShowsThePageOfItsOwner();
+    void boxOfAFileDialogShowsThePageOfItsOwner();
     void windowUnknownToTheHelpShowsTheContents();
     void openMenuIsClosed();
     void heldKeyOpensOnce();
@@ -87,6 +96,16 @@ QString shownPage()
 {
     const HelpViewer* const help = viewer();
     return help != nullptr && help->isVisible() ? help->page() : QString();
+}
+
+QTextBrowser& shownText()
+{
+    return child<QTextBrowser>(*viewer(), "page");
+}
+
+QString shownSection()
+{
+    return shownText().source().fragment();
 }
 
 /// As the system sends it: to the window, from where it finds the widget with the focus.
@@ -245,6 +264,84 @@ void ContextHelpTest::helpIsReusedAndComesBackFromItsClosing()
     QCOMPARE(shownPage(), QStringLiteral("frmKORVEXZDR"));
 }
 
+void ContextHelpTest::keyShowsTheSectionOfTheTab_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QStringList>("headings");
+    const QStringList ofEditor{
+        QStringLiteral("Záložka Popis"), QStringLiteral("Záložka Parametry"), QStringLiteral("Záložka Prach")};
+    for (const char* const name : {"frmBodovyZdroj", "frmPlosnyZdroj", "frmLiniovyZdroj"})
+        QTest::newRow(name) << QString::fromLatin1(name) << ofEditor;
+    QTest::newRow("frmOptions") << QStringLiteral("frmOptions")
+                                << QStringList{QStringLiteral("Záložka Obecné"), QStringLiteral("Záložka Soubory")};
+}
+
+void ContextHelpTest::keyShowsTheSectionOfTheTab()
+{
+    const ContextHelp help(harness().settings);
+    QFETCH(const QString, name);
+    QFETCH(const QStringList, headings);
+    inWindow(name, [&](QWidget& window) {
+        QTabWidget& tabs = *window.findChild<QTabWidget*>();
+        QCOMPARE(tabs.count(), static_cast<int>(headings.size()));
+        for (int i = 0; i < tabs.count(); ++i) {
+            tabs.setCurrentIndex(i);
+            pressF1(window);
+            QCOMPARE(shownPage(), name);
+            const QTextCursor section = shownText().cursorForPosition({0, 0});
+            // The last section may not reach the top of the window.
+            const bool isAtTheEnd
+                = shownText().verticalScrollBar()->value() == shownText().verticalScrollBar()->maximum();
+            QVERIFY2(isAtTheEnd || section.block().text() == headings.at(i), qPrintable(section.block().text()));
+            QVERIFY(shownText().verticalScrollBar()->value() > 0);
+        }
+    });
+}
+
+void ContextHelpTest::boxShowsThePageOfWhatItTells_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("icon");
+    QTest::addColumn<QString>("page");
+    QTest::addColumn<QString>("section");
+    const auto box = [](const char* title, const char* text, BoxIcon icon, const char* page, const char* section) {
+        QTest::newRow(qPrintable(QString::fromUtf8(text).section(QLatin1Char('\n'), 0, 0)))
+            << QString::fromUtf8(title) << QString::fromUtf8(text) << static_cast<int>(icon)
+            << QString::fromLatin1(page) << QString::fromLatin1(section);
+    };
+    box("Kontrola duplicit", "Bylo nalezeno 2 duplicit.", BoxIcon::Information, "duplicity", "postup");
+    box("Výpočet středového bodu úseku liniových zdrojů", "Hotovo…", BoxIcon::Information, "vypocty", "stred");
+    box("", "Uložit změny ?", BoxIcon::Question, "ukladani", "zmena");
+    box("Čtení skupin prachu ze souboru", "Soubor nebo složka neexistuje.", BoxIcon::Critical, "prach", "ztrata");
+    box("Plošný zdroj", "Byly provedeny změny zdroje.\nMám tyto změny převzít ?", BoxIcon::Question, "frmPlosnyZdroj",
+        "tlacitka");
+    box("Nový zdroj", "Automaticky přidělované číslo…", BoxIcon::Exclamation, "hlaseni", "");
+    box("Chyba při běhu programu", "Dělení nulou", BoxIcon::Critical, "hlaseni", "");
+    box("Plošný zdroj", "Jiná otázka", BoxIcon::Question, "frmPlosnyZdroj", "popis");
+}
+
+void ContextHelpTest::boxShowsThePageOfWhatItTells()
+{
+    const ContextHelp help(harness().settings);
+    QFETCH(const QString, title);
+    QFETCH(const QString, text);
+    QFETCH(const int, icon);
+    QFETCH(const QString, page);
+    QFETCH(const QString, section);
+    inWindow(QStringLiteral("frmPlosnyZdroj"), [&](QWidget& editor) {
+        harness().dialogs.useNext(QString(), [&](QDialog& box) {
+            QVERIFY(waitUntilActive(box));
+            pressF1(box);
+            QCOMPARE(shownPage(), page);
+            QCOMPARE(shownSection(), section);
+            box.reject();
+        });
+        ToolkitMessageBoxes boxes;
+        boxes.show(&editor, {title, text, static_cast<BoxIcon>(icon), BoxButtons::Ok, {}});
+    });
+}
+
 void ContextHelpTest::boxShowsThePageOfItsOwner()
 {
     const ContextHelp help(harness().settings);
@@ -281,6 +378,22 @@ void ContextHelpTest::fileDialogShowsThePageOfItsOwner()
         ToolkitFileChooser chooser(boxes);
         QCOMPARE(chooser.open(&editor, {QStringLiteral("Otevři"), QStringLiteral("Vše|*"), QDir::tempPath(), {}}),
             QString());
+    });
+}
+
+void ContextHelpTest::boxOfAFileDialogShowsThePageOfItsOwner()
+{
+    const ContextHelp help(harness().settings);
+    inWindow(QStringLiteral("frmSaveZdroje"), [this](QWidget& window) {
+        QFileDialog dialog(&window);
+        harness().dialogs.useNext(QString(), [](QDialog& box) {
+            QVERIFY(waitUntilActive(box));
+            pressF1(box);
+            QCOMPARE(shownPage(), QStringLiteral("frmSaveZdroje"));
+            box.reject();
+        });
+        ToolkitMessageBoxes boxes;
+        boxes.show(&dialog, {{}, QStringLiteral("Soubor již existuje"), BoxIcon::Exclamation, BoxButtons::Ok, {}});
     });
 }
 

@@ -40,6 +40,7 @@ struct PageParts {
     QString heading;
     QStringList links;
     QSet<QString> anchors;
+    QStringList sections;                     // of the h2, the anchors; empty for one without
     QList<QPair<QString, QString>> pictures;  // file and description
     QString words;                            // without keys and what is typed as it stands
 };
@@ -58,6 +59,8 @@ PageParts partsOf(const QString& name)
                 if (attributes.hasAttribute(QLatin1String(anchor)) && open.last() != QStringLiteral("meta"))
                     parts.anchors.insert(attributes.value(QLatin1String(anchor)).toString());
             }
+            if (open.last() == QStringLiteral("h2"))
+                parts.sections.append(attributes.value(QStringLiteral("id")).toString());
             if (open.last() == QStringLiteral("a") && attributes.hasAttribute(QStringLiteral("href")))
                 parts.links.append(attributes.value(QStringLiteral("href")).toString());
             if (open.last() == QStringLiteral("img"))
@@ -123,6 +126,8 @@ private slots:
     void titleIsTheHeading();
     void linksLeadToPagesAndAnchors_data() { addPages(); }
     void linksLeadToPagesAndAnchors();
+    void longPageLinksToItsSections_data() { addPages(); }
+    void longPageLinksToItsSections();
     void picturesAreThoseOfWindowsAndAreDescribed();
     void pageIsInTheContentsOnce_data() { addPages(); }
     void pageIsInTheContentsOnce();
@@ -132,6 +137,8 @@ private slots:
     void noEnglishButtonIsNamed_data() { addPages(); }
     void noEnglishButtonIsNamed();
     void textIsReadInBlocks();
+    void headingsAndKeywordsAreReadApart();
+    void everyPageButTheContentsHasKeywords();
     void addressesOutsideTheHelpAreNoPages();
 };
 
@@ -168,6 +175,21 @@ void HelpPagesTest::linksLeadToPagesAndAnchors()
         const QString anchor = QUrl(link).fragment();
         QVERIFY2(anchor.isEmpty() || partsOf(target).anchors.contains(anchor), qPrintable(link));
     }
+}
+
+void HelpPagesTest::longPageLinksToItsSections()
+{
+    QFETCH(const QString, name);
+    constexpr qsizetype manySections = 4;
+    const PageParts parts = partsOf(name);
+    QStringList linked;
+    for (const QString& link : parts.links) {
+        if (link.startsWith(QLatin1Char('#')))
+            linked.append(link.mid(1));
+    }
+    if (parts.sections.size() >= manySections)
+        QCOMPARE(linked.mid(0, parts.sections.size()), parts.sections);
+    QCOMPARE(QSet<QString>(linked.begin(), linked.end()).size(), linked.size());
 }
 
 void HelpPagesTest::picturesAreThoseOfWindowsAndAreDescribed()
@@ -245,6 +267,26 @@ void HelpPagesTest::textIsReadInBlocks()
     QCOMPARE(blocks.value(0), QStringLiteral("Nastavení tlaku vzduchu"));
     // A row of a table is one block, its cells apart.
     QVERIFY(blocks.contains(QStringLiteral("Storno, Esc Zavře okno, tlak zůstane.")));
+}
+
+void HelpPagesTest::headingsAndKeywordsAreReadApart()
+{
+    const HelpText text = helpText(QStringLiteral("vypocty"));
+    QVERIFY(text.headings.contains(QStringLiteral("Střed úseku")));
+    QVERIFY(text.blocks.contains(QStringLiteral("Střed úseku")));
+    QVERIFY(!text.headings.contains(text.title));
+    QVERIFY(text.keywords.contains(QStringLiteral("rovnice")));
+    for (const QString& block : text.blocks) {
+        QVERIFY(!block.contains(QStringLiteral("rovnice,")));
+        QVERIFY2(!block.startsWith(QStringLiteral("Na této stránce")), qPrintable(block));
+    }
+    QVERIFY(helpText(QStringLiteral("slovnicek")).headings.contains(QStringLiteral("vznos vlečky")));
+}
+
+void HelpPagesTest::everyPageButTheContentsHasKeywords()
+{
+    for (const QString& name : helpPageNames())
+        QVERIFY2(helpText(name).keywords.isEmpty() == (name == contentsHelpPage), qPrintable(name));
 }
 
 void HelpPagesTest::addressesOutsideTheHelpAreNoPages()

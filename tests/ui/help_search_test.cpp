@@ -18,7 +18,12 @@ private slots:
     void typedMarksOfTheirOwnCountAsLetters();
     void marksAndCaseDoNotMatter_data();
     void marksAndCaseDoNotMatter();
+    void formsOfAWordFindTheSame_data();
+    void formsOfAWordFindTheSame();
+    void shortWordKeepsItsEnding();
     void allWordsMustBeOnThePage();
+    void wordFindsItsPageFirst_data();
+    void wordFindsItsPageFirst();
     void wordsInTheTitleComeFirst();
     void wordsInOneBlockComeBeforeWordsFarApart();
     void contextHoldsAFoundWord_data();
@@ -88,6 +93,70 @@ void HelpSearchTest::marksAndCaseDoNotMatter()
     const QStringList found = pages(find(question));
     QVERIFY(found.contains(QStringLiteral("frmBodovyZdroj")));
     QCOMPARE(found, pages(find(QStringLiteral("komín"))));
+}
+
+void HelpSearchTest::formsOfAWordFindTheSame_data()
+{
+    QTest::addColumn<QString>("form");
+    QTest::addColumn<QString>("stem");
+    QTest::newRow("noun") << "silnicích"
+                          << "silnic";
+    QTest::newRow("plural") << "komíny"
+                            << "komin";
+    QTest::newRow("verb") << "uložit"
+                          << "uloz";
+    QTest::newRow("noun of a verb") << "uložení"
+                                    << "uloz";
+    QTest::newRow("long ending") << "zálohování"
+                                 << "zaloh";
+    QTest::newRow("adjective") << "liniového"
+                               << "liniov";
+    QTest::newRow("no ending") << "prach"
+                               << "prach";
+    QTest::newRow("number") << "PM10"
+                            << "pm10";
+}
+
+void HelpSearchTest::formsOfAWordFindTheSame()
+{
+    QFETCH(const QString, form);
+    QFETCH(const QString, stem);
+    QCOMPARE(foldedWords(form), QStringList(stem));
+}
+
+void HelpSearchTest::shortWordKeepsItsEnding()
+{
+    QCOMPARE(foldedWords(QStringLiteral("alfa p d ini")),
+        QStringList({QStringLiteral("alfa"), QStringLiteral("p"), QStringLiteral("d"), QStringLiteral("ini")}));
+}
+
+/// What users were seen to look for, and the page that helps them.
+void HelpSearchTest::wordFindsItsPageFirst_data()
+{
+    QTest::addColumn<QString>("page");
+    const std::pair<const char*, const char*> wanted[] = {{"záloha", "bezpecnostni_kopie"},
+        {"zálohování", "bezpecnostni_kopie"}, {"obnovit", "bezpecnostni_kopie"}, {"omylem", "bezpecnostni_kopie"},
+        {"vymazat", "znacky_a_seznam"}, {"smazat", "znacky_a_seznam"}, {"označit", "znacky_a_seznam"},
+        {"značka", "znacky_a_seznam"}, {"značky", "znacky_a_seznam"}, {"řazení", "znacky_a_seznam"},
+        {"procenta", "prach"}, {"PM10", "prach"}, {"prach", "prach"}, {"vlečka", "frmPlosnyZdroj"},
+        {"skládka", "frmPlosnyZdroj"}, {"stanice", "frmOptions"}, {"možnosti", "frmOptions"},
+        {"ukázka", "prvni_hodina"}, {"příklad", "prvni_hodina"}, {"export", "prikazovy_radek"},
+        {"csv", "prikazovy_radek"}, {"S-JTSK", "slovnicek"}, {"souřadnice", "slovnicek"}, {"komín", "frmBodovyZdroj"},
+        {"kominy", "frmBodovyZdroj"}, {"silnice", "frmLiniovyZdroj"}, {"silnic", "frmLiniovyZdroj"},
+        {"uložit", "ukladani"}, {"uložení", "ukladani"}, {"klávesové zkratky", "klavesy"}, {"zkratky", "klavesy"},
+        {"otevřít", "frmLoadZdroje"}, {"otevření", "frmLoadZdroje"}, {"import", "frmLoadZdroje"},
+        {"přidat", "frmKORVEXZDR"}, {"nový zdroj", "frmKORVEXZDR"}, {"duplicity", "duplicity"},
+        {"kontrola soupisu", "kontrola_soupisu"}, {"tlak", "frmTlak"}, {"skupiny prachu", "frmSkupinyPrachu"},
+        {"vzorec", "vypocty"}, {"hlášení", "hlaseni"}, {"kódování", "soubory"}};
+    for (const auto& [word, page] : wanted)
+        QTest::newRow(word) << QString::fromLatin1(page);
+}
+
+void HelpSearchTest::wordFindsItsPageFirst()
+{
+    QFETCH(const QString, page);
+    const QStringList found = pages(find(QString::fromUtf8(QTest::currentDataTag())));
+    QVERIFY2(!found.isEmpty() && found.first() == page, qPrintable(found.join(QLatin1Char(' '))));
 }
 
 void HelpSearchTest::allWordsMustBeOnThePage()
