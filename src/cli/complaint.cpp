@@ -5,6 +5,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <cstddef>
 #include <string_view>
 #include <vector>
@@ -59,10 +60,12 @@ public:
 
     [[nodiscard]] std::string text() const
     {
-        const bool isExtra = dynamic_cast<const CLI::ExtrasError*>(&m_error) != nullptr;
+        const std::string extra = ofExtras();
         const bool isMissing = dynamic_cast<const CLI::RequiredError*>(&m_error) != nullptr;
-        if (isExtra || (isMissing && m_app.get_subcommands().empty()))
-            return ofExtras();
+        if (!extra.empty() && (isMissing || dynamic_cast<const CLI::ExtrasError*>(&m_error) != nullptr))
+            return extra;
+        if (isMissing && m_app.get_subcommands().empty())
+            return say("Chybí příkaz.", "A command is missing.");
         if (isMissing)
             return ofMissing(m_what.substr(0, m_what.find(" is required")));
         const CLI::Option* const option = guiltyOption();
@@ -85,18 +88,18 @@ private:
 
     [[nodiscard]] std::string quoted(const std::string& argument) const { return quotedText(m_language, argument); }
 
-    /// What nothing could be made of: the first of it is named, for the rest may only follow from it.
+    /// What nothing could be made of; a mistyped option first, for the rest may only follow from it. Empty for nothing.
     [[nodiscard]] std::string ofExtras() const
     {
-        const std::vector<std::string> extras = m_app.remaining(true);
+        std::vector<std::string> extras = m_app.remaining(true);
+        extras.erase(std::remove(extras.begin(), extras.end(), "--"), extras.end());
         if (extras.empty())
-            return say("Chybí příkaz.", "A command is missing.");
-        for (const std::string& extra : extras) {
-            if (isOption(extra))
-                return say("Neznámá volba: {0}", "Unknown option: {0}", {quoted(extra)});
-        }
-        if (m_app.get_subcommands().empty())
+            return {};
+        if (m_app.get_subcommands().empty() && !isOption(extras.front()))
             return say("Neznámý příkaz: {0}", "Unknown command: {0}", {quoted(extras.front())});
+        const auto option = std::find_if(extras.begin(), extras.end(), isOption);
+        if (option != extras.end())
+            return say("Neznámá volba: {0}", "Unknown option: {0}", {quoted(*option)});
         return say("Nadbytečný argument: {0}", "Surplus argument: {0}", {quoted(extras.front())});
     }
 
@@ -109,23 +112,14 @@ private:
     /// The library names it somewhere in its sentence.
     [[nodiscard]] const CLI::Option* guiltyOption() const
     {
-        const std::string_view sentence = m_what;
-        const std::string names[]
-            = {between(sentence, "Could not convert: ", " = "), between(sentence, " is not an allowed value for ", ""),
-                m_what.substr(0, m_what.find(" was given a disallowed")), m_what.substr(0, m_what.find(": "))};
-        const std::vector<const CLI::App*> chosen = m_app.get_subcommands([](const CLI::App*) { return true; });
-        for (const std::string& name : names) {
-            if (name.empty())
-                continue;
-            for (const CLI::App* const command : chosen) {
-                const CLI::Option* const option = command->parsed() ? command->get_option_no_throw(name) : nullptr;
-                if (option != nullptr)
-                    return option;
-            }
-            if (const CLI::Option* const option = m_app.get_option_no_throw(name))
+        std::string name = between(m_what, "Could not convert: ", " = ");
+        if (name.empty())
+            name = m_what.substr(0, m_what.find(": "));
+        for (const CLI::App* const command : m_app.get_subcommands()) {
+            if (const CLI::Option* const option = command->get_option_no_throw(name))
                 return option;
         }
-        return nullptr;
+        return m_app.get_option_no_throw(name);
     }
 
     [[nodiscard]] std::string ofOption(const CLI::Option& option) const

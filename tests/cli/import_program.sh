@@ -97,6 +97,14 @@ refused alfa '2s/,0\.45,24,/,1.45,24,/' '2:101: Alfa: hodnota je mimo rozsah 0�
 run 1 import --csv "$work/alfa.csv" "${town[@]}" --force --accept-losses
 says out "Alfa: hodnota je mimo rozsah 0–1"
 
+run 1 import --csv "$work/number.csv" "${town[@]}" --force --accept-losses
+says out "Zapsané zdroje: 16"
+says err "zdroj 1 má stejné číslo jako dřívější zdroj a jiný popis"
+run 2 import --csv "$work/plain.csv" "$work/town/body.txt" "$work/town/popis.txt" --force --accept-losses
+says err "Tabulka má sloupec prach"
+run 2 import --csv "$work/plain.csv" "${town[@]}" --force --without-dust
+says err "Soubor s prachem je navíc"
+
 # Not more findings than wanted, and all of them counted.
 sed -E '2,9s/^([0-9]+),/x\1,/' "$work/plain.csv" >"$work/many.csv"
 run 1 import --csv "$work/many.csv" "${town[@]}" --force --max 3

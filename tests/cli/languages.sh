@@ -85,11 +85,14 @@ complains() {
 
 complains 'Chybí příkaz.'
 complains 'Neznámý příkaz: „nonsense“' nonsense
-complains 'Neznámý příkaz: „nonsense“' nonsense a b
+complains 'Neznámý příkaz: „nonsense“' nonsense a b --foo
 complains 'Neznámá volba: „--foo“' --foo
 complains 'Neznámá volba: „--foo“' stat a b --foo
 complains 'Neznámá volba: „-x“' check a b -x
 complains 'Neznámá volba: „--foo=1“' check a b --foo=1
+complains 'Neznámá volba: „--force“' stat --force
+complains 'Neznámý příkaz: „x“' -- x
+complains 'Nadbytečný argument: „d“' stat -- a b c d
 complains 'Nadbytečný argument: „d“' stat a b c d e
 complains 'Chybí volba --csv.' import a b
 complains 'Chybí argument POPIS.' stat a
