@@ -148,7 +148,7 @@ DecimalMark::Form DecimalMark::take(std::string_view text, std::string& plain)
 std::optional<std::string> roundedInFile(std::string_view plain, float value)
 {
     std::string written = singleText(value);
-    if (Decimal(plain) == Decimal(written))
+    if (plain == written || Decimal(plain) == Decimal(written))
         return std::nullopt;
     return written;
 }
