@@ -153,19 +153,15 @@ private:
 
     [[nodiscard]] std::string ofCount(const CLI::Option& option) const
     {
-        constexpr int any = 1 << 16;  // the library's own number for that is larger
-        const int least = option.get_items_expected_min();
-        const int most = option.get_items_expected_max();
         if (option.count() == 0)
             return say("chybí hodnota.", "the value is missing.");
-        std::string wanted = std::to_string(least);
-        if (most >= any)
-            wanted = say("aspoň {0}", "at least {0}", {wanted});
-        else if (most > least)
-            wanted = say("{0} až {1}", "{0} to {1}", {wanted, std::to_string(most)});
-        const int last = most >= any ? least : most;
+        const auto least = static_cast<std::size_t>(option.get_items_expected_min());
+        const auto most = static_cast<std::size_t>(option.get_items_expected_max());
+        std::string wanted = countText(least);
+        if (most > least)
+            wanted = say("{0} až {1}", "{0} to {1}", {wanted, countText(most)});
         return say("má mít {0} {1}, má jich {2}.", "takes {0} {1}, has {2}.",
-            {wanted, formOf(values, m_language, static_cast<std::size_t>(last)), std::to_string(option.count())});
+            {wanted, formOf(values, m_language, most), countText(option.count())});
     }
 
     Language m_language;

@@ -1,5 +1,7 @@
 #include "counted_noun.h"
 
+#include "text_output.h"
+
 namespace korvex {
 
 const char* formOf(const CountedNoun& noun, Language language, std::size_t count)
@@ -11,9 +13,16 @@ const char* formOf(const CountedNoun& noun, Language language, std::size_t count
     return count >= 2 && count <= 4 ? noun.czechFew : noun.czechMany;
 }
 
+std::string countText(std::size_t count)
+{
+    TextOutput out;
+    out << count;
+    return out.text();
+}
+
 std::string counted(Language language, std::size_t count, const CountedNoun& noun)
 {
-    return std::to_string(count) + ' ' + formOf(noun, language, count);
+    return countText(count) + ' ' + formOf(noun, language, count);
 }
 
 }  // namespace korvex

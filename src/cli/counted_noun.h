@@ -16,6 +16,7 @@ struct CountedNoun {
     const char* englishMany;
 };
 
+[[nodiscard]] std::string countText(std::size_t count);
 /// "1 pole", "5 polí".
 [[nodiscard]] std::string counted(Language language, std::size_t count, const CountedNoun& noun);
 /// Only the noun.

@@ -72,7 +72,7 @@ std::string textOf(Language language, const CsvFinding& finding)
     for (const FaultText& candidate : faultTexts) {
         if (candidate.fault == finding.fault) {
             return filled(text(language, candidate.czech, candidate.english),
-                {finding.detail, std::to_string(finding.expected), counted(language, finding.count, fields)});
+                {finding.detail, countText(finding.expected), counted(language, finding.count, fields)});
         }
     }
     return {};

@@ -71,8 +71,6 @@ int parseAndRun(CLI::App& app, CommandContext& context, std::span<const char* co
         app.parse(std::move(reversed));
     } catch (const CLI::CallForHelp&) {
         context.out << app.help();
-    } catch (const CLI::CallForAllHelp&) {
-        context.out << app.help("", CLI::AppFormatMode::All);
     } catch (const CLI::CallForVersion& version) {
         context.out << version.what() << '\n';
     } catch (const CLI::ParseError& error) {

@@ -94,7 +94,9 @@ TEST(CsvText, QuotesOutOfPlaceAreFaultsWithTheirPlace)
     };
     for (const Case& given :
         {Case{"a,\"b", CsvFormFault::OpenQuote, {1, 3}}, Case{"a,\"b\"c,d", CsvFormFault::TextAfterQuote, {1, 6}},
-            Case{"a,b\"c", CsvFormFault::QuoteInside, {1, 4}}}) {
+            Case{"a,b\"c", CsvFormFault::QuoteInside, {1, 4}},
+            Case{"a,\"b\"c\"d", CsvFormFault::TextAfterQuote, {1, 6}},
+            Case{"a,\"b\r\n\"\"c\r\n", CsvFormFault::OpenQuote, {1, 3}}}) {
         CsvReader reader(given.text);
         std::vector<CsvField> fields;
         ASSERT_TRUE(reader.next(fields));

@@ -90,6 +90,9 @@ says err "Se --accept-losses se zapíše i tak."
 run 1 import --csv "$work/rounded.csv" "${town[@]}" --force --accept-losses
 says out "Zapsané zdroje: 16"
 is_unchanged "nothing (rounded to what was there)"
+run 1 import --json --csv "$work/rounded.csv" "${town[@]}" --force
+says out '"written": 0'
+says out '"value": "0.160000001"'
 run 1 import --json --csv "$work/rounded.csv" "${town[@]}" --force --accept-losses
 says out '"written": 16'
 says out '"acceptable": true'
@@ -104,6 +107,12 @@ run 2 import --csv "$work/plain.csv" "$work/town/body.txt" "$work/town/popis.txt
 says err "Tabulka má sloupec prach"
 run 2 import --csv "$work/plain.csv" "${town[@]}" --force --without-dust
 says err "Soubor s prachem je navíc"
+
+run 2 import --csv "$work/plain.csv" "${town[@]}" --force --comment Ω
+says err "Poznámku soupisu nelze zapsat"
+run 2 import --csv "$work" "${town[@]}" --force
+run 0 import --csv "$work/plain.csv" "${town[@]}" --force --comment 'Rok 2027'
+grep -qa '^;Rok 2027' "$work/town/body.txt"
 
 # Not more findings than wanted, and all of them counted.
 sed -E '2,9s/^([0-9]+),/x\1,/' "$work/plain.csv" >"$work/many.csv"

@@ -103,11 +103,18 @@ complains 'Volba --output: má mít 2 až 3 hodnoty, má jich 4.' merge a b + c 
 complains 'Volba --pressure: nepřípustná hodnota „3“; přípustné je 10000 až 200000.' check a b --pressure 3
 complains 'Volba --max: nepřípustná hodnota „x“.' check a b --max x
 complains 'Volba --max: nepřípustná hodnota „-1“; přípustné je nejméně 0.' import --csv x a b --max -1
+complains 'pravidlo zz není; všechna vypíše --explain all' check a b --skip zz
 complains 'Volba --on-conflict: nepřípustná hodnota „x“; přípustné jsou: fail, keep, replace, renumber.' \
     merge a b + c d --on-conflict x -o e f
 complains 'Argument VELICINA: nepřípustná hodnota „q“; přípustné jsou: vs, d, w0, xy.' calc q a b
 complains 'Volba --force: nemá žádnou hodnotu.' restore --force=ano
 complains 'Volba --json: nemá žádnou hodnotu.' --json=ano stat a b
+
+# Known before the arguments are read, in either form.
+for given in --lang=en '--lang en'; do
+    read -ra words <<<"$given"
+    "$program" "${words[@]}" --help | grep -q '^Usage: ' || fail "no English with $given"
+done
 
 # The language itself, which the complaint is in all the same.
 status=0
