@@ -125,7 +125,7 @@ private:
     [[nodiscard]] std::string ofOption(const CLI::Option& option) const
     {
         if (option.get_items_expected_max() == 0)
-            return say("nemá žádnou hodnotu.", "takes no value.");
+            return say("zadává se bez hodnoty.", "takes no value.");
         if (dynamic_cast<const CLI::ArgumentMismatch*>(&m_error) != nullptr)
             return ofCount(option);
         return say("nepřípustná hodnota {0}", "value {0} is not allowed", {quoted(joined(option.results()))})

@@ -18,8 +18,8 @@ struct FaultText {
 
 /// {0} is the detail of the finding, {1} the line or the number of fields it speaks of, {2} the number there is.
 constexpr std::array faultTexts{
-    FaultText{CsvFault::Encoding, "tabulka je v UTF-16, nebo není v UTF-8, ač tak začíná; uložte ji jako CSV UTF-8",
-        "the table is UTF-16, or not UTF-8 though it begins so; save it as CSV UTF-8"},
+    FaultText{CsvFault::Encoding, "tabulka je v UTF-16 nebo v poškozeném UTF-8; uložte ji jako CSV UTF-8",
+        "the table is UTF-16 or damaged UTF-8; save it as CSV UTF-8"},
     FaultText{CsvFault::OpenQuote, "uvozovka se nezavírá", "a quote is never closed"},
     FaultText{
         CsvFault::TextAfterQuote, "za uzavírající uvozovkou něco stojí", "something stands behind the closing quote"},
@@ -86,7 +86,7 @@ std::string textOf(Language language, const CsvForm& form)
     std::string out = text(language, "tabulka se čte takto: kódování ", "the table is read as: encoding ")
         + (isCodePage ? "Windows-1250" : "UTF-8") + text(language, ", oddělovač ", ", separator ");
     if (form.separator == '\t')
-        out += text(language, "tabulátor", "tabulator");
+        out += text(language, "tabulátor", "tab");
     else
         out += quotedText(language, std::string_view(&form.separator, 1));
     return out

@@ -378,6 +378,25 @@ bool isUtf8(std::string_view bytes)
     return asciiLength(bytes) == bytes.size() || looksLikeUtf8(bytes);
 }
 
+/// Of bytes that are no UTF-8: whether most of what is beyond ASCII is, so that a few damaged bytes spoil it. Text of
+/// the code page has hardly a letter that could be taken for one of UTF-8.
+bool isDamagedUtf8(std::string_view bytes)
+{
+    std::size_t sound = 0;
+    std::size_t unsound = 0;
+    for (;;) {
+        bytes.remove_prefix(asciiLength(bytes));
+        if (bytes.empty())
+            return sound > unsound;
+        std::size_t length = 2;
+        while (length <= 4 && !looksLikeUtf8(bytes.substr(0, length)))
+            ++length;
+        const bool isSound = length <= 4;
+        ++(isSound ? sound : unsound);
+        bytes.remove_prefix(isSound ? std::min(length, bytes.size()) : 1);
+    }
+}
+
 bool beginsWithByteOrderMark(std::string_view bytes)
 {
     return bytes.starts_with("\xEF\xBB\xBF") || bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
@@ -407,7 +426,7 @@ CsvInventory readCsv(std::string_view bytes, GeometryColumn geometry)
         form.separator = separatorOf(bytes);
         return Import(bytes, form, geometry).run();
     }
-    if (beginsWithByteOrderMark(bytes)) {
+    if (beginsWithByteOrderMark(bytes) || isDamagedUtf8(bytes)) {
         CsvInventory refused;
         refused.findings.push_back({CsvFault::Encoding, {}, {}, {}, {}});
         return refused;

@@ -12,7 +12,7 @@
 namespace korvex {
 
 enum class CsvFault {
-    Encoding,  // UTF-16, or a byte order mark of UTF-8 before what is none
+    Encoding,  // UTF-16, or UTF-8 with damaged bytes
     OpenQuote,
     TextAfterQuote,
     QuoteInside,

@@ -28,6 +28,12 @@ struct ImportArguments {
     bool ignoreGeometry = false;
     OutputArguments output;  // its paths are those of the target
     std::size_t mostFindings = 100;
+
+    /// How many findings are listed of so many.
+    [[nodiscard]] std::size_t listed(std::size_t found) const
+    {
+        return mostFindings == 0 ? found : std::min(found, mostFindings);
+    }
 };
 
 Json jsonOf(const CommandContext& context, const CsvFinding& finding)
@@ -54,7 +60,7 @@ void sayFinding(CommandContext& context, const std::string& path, const CsvFindi
 Json reportOf(const CommandContext& context, const ImportArguments& arguments, const CsvInventory& inventory)
 {
     Json list = Json::array();
-    for (std::size_t i = 0; i < std::min(inventory.findings.size(), arguments.mostFindings); ++i)
+    for (std::size_t i = 0; i < arguments.listed(inventory.findings.size()); ++i)
         list.push_back(jsonOf(context, inventory.findings[i]));
     return {{"written", 0}, {"found", inventory.findings.size()}, {"findings", std::move(list)}};
 }
@@ -67,7 +73,7 @@ bool mayImport(CommandContext& context, const ImportArguments& arguments, const 
         return true;
     context.outcome = Outcome::Findings;
     if (!context.json) {
-        for (std::size_t i = 0; i < std::min(findings.size(), arguments.mostFindings); ++i)
+        for (std::size_t i = 0; i < arguments.listed(findings.size()); ++i)
             sayFinding(context, arguments.csv, findings[i]);
         context.out << context.text("Nálezy: ", "Findings: ") << findings.size() << '\n';
     }
@@ -159,7 +165,8 @@ void addImportCommand(CLI::App& app, CommandContext& context)
             "Does not read the column WKT; else it has to agree with the coordinates."));
     command
         ->add_option("--max", arguments->mostFindings,
-            context.text("Nejvýše tolik nálezů se vypíše (100).", "Not more findings than this are printed (100)."))
+            context.text("Kolik nálezů se vypíše; 0 všechny (výchozí 100). Počítají se vždy všechny.",
+                "How many findings are listed; 0 for all (100 by default). All are counted."))
         ->check(CLI::NonNegativeNumber.description(""))
         ->type_name("N");
     addForceOption(*command, context, arguments->output.force);

@@ -349,14 +349,14 @@ TEST(CsvImport, PointsAndCommasInOneTableAreNotGuessedAt)
     EXPECT_EQ(read.set.size(), 1U);
 }
 
-TEST(CsvImport, WhatBeginsAsAnotherEncodingIsRefused)
+TEST(CsvImport, AnotherEncodingAndDamagedUtf8AreRefused)
 {
-    for (const std::string_view bytes : {"\xFF\xFE"
-                                         "c",
-             "\xFE\xFF"
-             "c",
-             "\xEF\xBB\xBF"
-             "cislo,\xE8"})
+    Table table;
+    table.set(2, "nazev", "Příliš");
+    std::string damaged = table.text();
+    damaged.replace(damaged.find("Pec"), 1, "\xE8");
+    for (const std::string& bytes :
+        {std::string("\xFF\xFE\x63"), std::string("\xFE\xFF\x63"), std::string("\xEF\xBB\xBF\x63,\xE8"), damaged})
         expectFinding(readCsv(bytes, GeometryColumn::Check), CsvFault::Encoding, {1, 1}, "");
 }
 
@@ -425,7 +425,7 @@ TEST(CsvImport, WhatTheTableWasTakenForIsSaidUnlessItIsAsExported)
     EXPECT_EQ(textOf(Language::Czech, CsvForm{CsvForm::Encoding::CodePage, ';', true}),
         "tabulka se čte takto: kódování Windows-1250, oddělovač „;“, desetinná čárka");
     EXPECT_EQ(textOf(Language::English, CsvForm{CsvForm::Encoding::Utf8, '\t', false}),
-        "the table is read as: encoding UTF-8, separator tabulator, decimal point");
+        "the table is read as: encoding UTF-8, separator tab, decimal point");
 }
 
 }  // namespace

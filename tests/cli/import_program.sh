@@ -122,6 +122,11 @@ says out "Nálezy: 8"
     echo "not 3 findings" >&2
     failures=$((failures + 1))
 }
+run 1 import --csv "$work/many.csv" "${town[@]}" --force --max 0
+[ "$(grep -c 'není celé číslo' "$work/out")" -eq 8 ] || {
+    echo "not all 8 findings" >&2
+    failures=$((failures + 1))
+}
 run 2 import --csv "$work/many.csv" "${town[@]}" --force --max -1
 says err 'Volba --max: nepřípustná hodnota „-1“'
 

@@ -107,8 +107,8 @@ complains 'pravidlo zz není; všechna vypíše --explain all' check a b --skip 
 complains 'Volba --on-conflict: nepřípustná hodnota „x“; přípustné jsou: fail, keep, replace, renumber.' \
     merge a b + c d --on-conflict x -o e f
 complains 'Argument VELICINA: nepřípustná hodnota „q“; přípustné jsou: vs, d, w0, xy.' calc q a b
-complains 'Volba --force: nemá žádnou hodnotu.' restore --force=ano
-complains 'Volba --json: nemá žádnou hodnotu.' --json=ano stat a b
+complains 'Volba --force: zadává se bez hodnoty.' restore --force=ano
+complains 'Volba --json: zadává se bez hodnoty.' --json=ano stat a b
 
 # Known before the arguments are read, in either form.
 for given in --lang=en '--lang en'; do
