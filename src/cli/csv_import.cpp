@@ -2,8 +2,11 @@
 
 #include "arithmetic_fault.h"
 #include "blanks.h"
+#include "check_limits.h"
+#include "checked_line.h"
 #include "code_page.h"
 #include "csv_export.h"
+#include "csv_number.h"
 #include "geometry.h"
 #include "inventory.h"
 #include "number_text.h"
@@ -13,6 +16,8 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <unordered_map>
 
 namespace korvex {
 
@@ -39,48 +44,15 @@ std::optional<std::size_t> knownColumn(std::string_view name)
     return columnNamed(name);
 }
 
-bool isDigit(char c)
+/// The limits of the quantities that cannot lie outside of them.
+const ParameterRange* possibleRange(const SourceType& type, std::size_t parameter)
 {
-    return c >= '0' && c <= '9';
-}
-
-std::size_t digitsAt(std::string_view text)
-{
-    return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isDigit) - text.begin());
-}
-
-void skipSign(std::string_view& text)
-{
-    if (!text.empty() && (text.front() == '+' || text.front() == '-'))
-        text.remove_prefix(1);
-}
-
-bool isInteger(std::string_view text)
-{
-    skipSign(text);
-    return !text.empty() && digitsAt(text) == text.size();
-}
-
-/// The lenient reader of the data files would take 3,5 for 3 and abc for 0: here that is a fault.
-bool isReal(std::string_view text)
-{
-    skipSign(text);
-    std::size_t digits = digitsAt(text);
-    text.remove_prefix(digits);
-    if (!text.empty() && text.front() == '.') {
-        text.remove_prefix(1);
-        const std::size_t decimals = digitsAt(text);
-        digits += decimals;
-        text.remove_prefix(decimals);
-    }
-    if (digits == 0)
-        return false;
-    if (text.empty())
-        return true;
-    if (text.front() != 'e' && text.front() != 'E')
-        return false;
-    text.remove_prefix(1);
-    return isInteger(text);
+    const auto* const found
+        = std::find_if(parameterRanges.begin(), parameterRanges.end(), [&](const ParameterRange& range) {
+              return range.typeId == type.TypZdrojeId && static_cast<std::size_t>(range.parameter) == parameter
+                  && (range.rule == Rule::RangeAlfa || range.rule == Rule::RangePd);
+          });
+    return found == parameterRanges.end() ? nullptr : found;
 }
 
 CsvFault formFault(CsvFormFault fault)
@@ -114,7 +86,11 @@ CsvFault distortionFault(Distortion::Kind kind)
 
 class Import {
 public:
-    Import(std::string_view text, GeometryColumn geometry) : m_reader(text), m_geometry(geometry) { }
+    Import(std::string_view text, CsvForm form, GeometryColumn geometry)
+        : m_reader(text, form.separator), m_geometry(geometry), m_decimalMark(form.separator)
+    {
+        m_inventory.form = form;
+    }
 
     CsvInventory run()
     {
@@ -123,21 +99,24 @@ public:
             while (m_reader.next(m_fields))
                 readRow();
         }
-        if (m_inventory.findings.empty())
-            checkNumbers();
+        checkNumbers();
+        m_inventory.form.hasDecimalComma = m_decimalMark.isComma();
+        std::stable_sort(m_inventory.findings.begin(), m_inventory.findings.end(),
+            [](const CsvFinding& a, const CsvFinding& b) { return a.place < b.place; });
         return std::move(m_inventory);
     }
 
 private:
-    void find(CsvFault fault, TextPlace place, std::string_view column = {}, std::string_view text = {})
+    CsvFinding& find(CsvFault fault, TextPlace place, std::string_view column = {}, std::string_view text = {})
     {
-        m_inventory.findings.push_back({fault, place, std::string(column), std::string(text)});
+        m_isRowRefused = m_isRowRefused || !isAcceptable(fault);
+        return m_inventory.findings.emplace_back(CsvFinding{fault, place, std::string(column), std::string(text), {}});
     }
 
-    void findAt(std::size_t column, CsvFault fault)
+    CsvFinding& findAt(std::size_t column, CsvFault fault)
     {
         const CsvField& field = fieldOf(column);
-        find(fault, field.place, nameOfColumn(column), field.text);
+        return find(fault, field.place, nameOfColumn(column), field.text);
     }
 
     bool isWellFormed()
@@ -182,10 +161,12 @@ private:
         if (!isWellFormed())
             return;
         if (m_fields.size() != m_fieldCount) {
-            find(CsvFault::FieldCount, m_fields.front().place);
+            CsvFinding& finding = find(CsvFault::FieldCount, m_fields.front().place);
+            finding.expected = m_fieldCount;
+            finding.count = m_fields.size();
             return;
         }
-        const std::size_t findingsBefore = m_inventory.findings.size();
+        m_isRowRefused = false;
         readComment();
         const SourceType* const type = readType();
         if (type == nullptr)
@@ -200,7 +181,7 @@ private:
         values.cluster = integerOf(column::Cluster);
         readParameters(*type, values);
         values.dust = readDust(*type);
-        if (m_inventory.findings.size() == findingsBefore)
+        if (!m_isRowRefused)
             append(*type, values);
     }
 
@@ -234,7 +215,7 @@ private:
     {
         const std::string& text = fieldOf(column::Type).text;
         const SourceType* type = nullptr;
-        if (text.size() == 1 && isDigit(text.front()))
+        if (text.size() == 1 && isWholeNumber(text))
             type = sourceTypeOf(text.front() - '0');
         if (type == nullptr)
             findAt(column::Type, CsvFault::UnknownType);
@@ -244,8 +225,8 @@ private:
     std::int32_t integerOf(std::size_t column)
     {
         const std::string& text = fieldOf(column).text;
-        if (!isInteger(text)) {
-            findAt(column, text.empty() ? CsvFault::Empty : CsvFault::NotInteger);
+        if (!isWholeNumber(text)) {
+            findNoNumber(column, CsvFault::NotInteger);
             return 0;
         }
         try {
@@ -256,19 +237,45 @@ private:
         }
     }
 
-    float realOf(std::size_t column)
+    void findNoNumber(std::size_t column, CsvFault fault)
     {
         const std::string& text = fieldOf(column).text;
-        if (!isReal(text)) {
-            findAt(column, text.empty() ? CsvFault::Empty : CsvFault::NotReal);
+        if (text.empty())
+            findAt(column, CsvFault::Empty);
+        else
+            findAt(column, hasThousandsSeparators(text) ? CsvFault::ThousandsSeparators : fault);
+    }
+
+    float realOf(std::size_t column)
+    {
+        switch (m_decimalMark.take(fieldOf(column).text, m_real)) {
+        case DecimalMark::Form::None:
+            findNoNumber(column, CsvFault::NotReal);
             return 0.0F;
+        case DecimalMark::Form::OtherMark:
+            findAt(column, m_inventory.form.separator == ',' ? CsvFault::NotReal : CsvFault::OtherDecimalMark);
+            return 0.0F;
+        case DecimalMark::Form::Real:
+            break;
         }
         try {
-            return readSingle(text);
+            const float value = readSingle(m_real);
+            if (std::optional<std::string> rounded = roundedInFile(m_real, value))
+                findAt(column, CsvFault::Rounded).detail = std::move(*rounded);
+            return value;
         } catch (const ArithmeticFault&) {
             findAt(column, CsvFault::OutOfRange);
             return 0.0F;
         }
+    }
+
+    float parameterOf(const SourceType& type, std::size_t parameter, std::size_t column)
+    {
+        const float value = realOf(column);
+        const ParameterRange* const range = possibleRange(type, parameter);
+        if (range != nullptr && (value < range->low || value > range->high))
+            findAt(column, CsvFault::UnusualValue).detail = singleText(range->low) + "–" + singleText(range->high);
+        return value;
     }
 
     std::string textOf(std::size_t column)
@@ -295,7 +302,7 @@ private:
                 continue;
             const std::size_t column = columnOfParameter(type, i, values.parameters);
             ofType[column] = true;
-            values.parameters[i] = realOf(column);
+            values.parameters[i] = parameterOf(type, i, column);
         }
         if (isArea) {
             ofType[column::Temperature] = true;
@@ -332,28 +339,102 @@ private:
     /// Two sources of one number share their records: what the second would lose. And what a wide number would shift.
     void checkNumbers()
     {
-        for (const Distortion& distortion : distortionsBySaving(m_inventory.set, m_inventory.hasDust)) {
-            const std::int32_t number = m_inventory.set.at(distortion.position).ICZ();
-            find(distortionFault(distortion.kind), m_numberPlaces[distortion.position - 1],
-                nameOfColumn(column::Number), integerText(number));
+        const std::vector<Distortion> distortions = distortionsBySaving(m_inventory.set, m_inventory.hasDust);
+        std::vector<bool> isReported(m_numberPlaces.size());
+        for (const Distortion& distortion : distortions) {
+            findNumber(distortion.position, distortionFault(distortion.kind));
+            isReported[distortion.position - 1] = distortion.kind != Distortion::Kind::ShiftedDust;
         }
+        std::unordered_map<std::int32_t, std::size_t> firstLine;
+        for (std::size_t position = 1; position <= m_numberPlaces.size(); ++position) {
+            const std::size_t line = m_numberPlaces[position - 1].line;
+            const auto [first, isNew] = firstLine.try_emplace(m_inventory.set.at(position).ICZ(), line);
+            if (!isNew && !isReported[position - 1])
+                findNumber(position, CsvFault::DoubledNumber).expected = first->second;
+        }
+    }
+
+    CsvFinding& findNumber(std::size_t position, CsvFault fault)
+    {
+        return find(fault, m_numberPlaces[position - 1], nameOfColumn(column::Number),
+            integerText(m_inventory.set.at(position).ICZ()));
     }
 
     CsvReader m_reader;
     GeometryColumn m_geometry;
+    DecimalMark m_decimalMark;
     CsvInventory m_inventory;
     std::vector<CsvField> m_fields;
     std::size_t m_fieldCount = 0;
     std::array<std::optional<std::size_t>, knownColumns> m_fieldOfColumn{};
     std::vector<TextPlace> m_numberPlaces;  // of each source
+    bool m_isRowRefused = false;
     std::string m_encoded;
+    std::string m_real;
 };
+
+bool isUtf8(std::string_view bytes)
+{
+    return asciiLength(bytes) == bytes.size() || looksLikeUtf8(bytes);
+}
+
+/// Of bytes that are no UTF-8: whether most of what is beyond ASCII is, so that a few damaged bytes spoil it. Text of
+/// the code page has hardly a letter that could be taken for one of UTF-8.
+bool isDamagedUtf8(std::string_view bytes)
+{
+    std::size_t sound = 0;
+    std::size_t unsound = 0;
+    for (;;) {
+        bytes.remove_prefix(asciiLength(bytes));
+        if (bytes.empty())
+            return sound > unsound;
+        std::size_t length = 2;
+        while (length <= 4 && !looksLikeUtf8(bytes.substr(0, length)))
+            ++length;
+        const bool isSound = length <= 4;
+        ++(isSound ? sound : unsound);
+        bytes.remove_prefix(isSound ? std::min(length, bytes.size()) : 1);
+    }
+}
+
+bool beginsWithByteOrderMark(std::string_view bytes)
+{
+    return bytes.starts_with("\xEF\xBB\xBF") || bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
+}
 
 }  // namespace
 
-CsvInventory readCsv(std::string_view text, GeometryColumn geometry)
+bool isAcceptable(CsvFault fault)
 {
-    return Import(text, geometry).run();
+    switch (fault) {
+    case CsvFault::UnusualValue:
+    case CsvFault::Rounded:
+    case CsvFault::DoubledNumber:
+    case CsvFault::SharedDescription:
+    case CsvFault::SharedDust:
+    case CsvFault::ShiftedDust:
+        return true;
+    default:
+        return false;
+    }
+}
+
+CsvInventory readCsv(std::string_view bytes, GeometryColumn geometry)
+{
+    CsvForm form;
+    if (isUtf8(bytes)) {
+        form.separator = separatorOf(bytes);
+        return Import(bytes, form, geometry).run();
+    }
+    if (beginsWithByteOrderMark(bytes) || isDamagedUtf8(bytes)) {
+        CsvInventory refused;
+        refused.findings.push_back({CsvFault::Encoding, {}, {}, {}, {}});
+        return refused;
+    }
+    form.encoding = CsvForm::Encoding::CodePage;
+    const std::string decoded = decodeCodePage(bytes);
+    form.separator = separatorOf(decoded);
+    return Import(decoded, form, geometry).run();
 }
 
 }  // namespace korvex

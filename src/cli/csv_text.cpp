@@ -6,6 +6,11 @@ namespace {
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
+std::string_view behindByteOrderMark(std::string_view text)
+{
+    return text.substr(text.substr(0, byteOrderMark.size()) == byteOrderMark ? byteOrderMark.size() : 0);
+}
+
 bool beginsCharacter(char c)
 {
     return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
@@ -28,10 +33,25 @@ void appendCsvField(std::string& out, std::string_view field)
     out += '"';
 }
 
-CsvReader::CsvReader(std::string_view text) : m_text(text)
+char separatorOf(std::string_view text)
 {
-    if (m_text.substr(0, byteOrderMark.size()) == byteOrderMark)
-        m_text.remove_prefix(byteOrderMark.size());
+    bool isQuoted = false;
+    bool hasBegun = false;
+    for (const char c : behindByteOrderMark(text)) {
+        if (c == '"')
+            isQuoted = !isQuoted;
+        else if (!isQuoted && (c == ',' || c == ';' || c == '\t'))
+            return c;
+        const bool isLineEnd = c == '\n' || c == '\r';
+        if (isLineEnd && hasBegun && !isQuoted)
+            break;
+        hasBegun = hasBegun || !isLineEnd;
+    }
+    return ',';
+}
+
+CsvReader::CsvReader(std::string_view text, char separator) : m_text(behindByteOrderMark(text)), m_separator(separator)
+{
 }
 
 bool CsvReader::next(std::vector<CsvField>& fields)
@@ -50,7 +70,7 @@ bool CsvReader::next(std::vector<CsvField>& fields)
             takeLineEnd();
             return true;
         }
-        advance();  // the comma
+        advance();  // the separator
     }
 }
 
@@ -71,7 +91,7 @@ void CsvReader::readQuoted(CsvField& field)
             const bool isDoubled = m_at + 1 < m_text.size() && m_text[m_at + 1] == '"';
             advance();
             if (!isDoubled) {
-                if (m_at < m_text.size() && m_text[m_at] != ',' && !atLineEnd())
+                if (m_at < m_text.size() && !atFieldEnd())
                     note(CsvFormFault::TextAfterQuote, m_place);
                 return;
             }
@@ -84,7 +104,7 @@ void CsvReader::readQuoted(CsvField& field)
 
 void CsvReader::readPlain(CsvField& field)
 {
-    while (m_at < m_text.size() && m_text[m_at] != ',' && !atLineEnd()) {
+    while (m_at < m_text.size() && !atFieldEnd()) {
         if (m_text[m_at] == '"')
             note(CsvFormFault::QuoteInside, m_place);
         field.text += m_text[m_at];

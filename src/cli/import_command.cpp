@@ -2,9 +2,11 @@
 
 #include "command_context.h"
 #include "command_files.h"
+#include "csv_finding_text.h"
 #include "csv_import.h"
 #include "input_file.h"
 #include "json_output.h"
+#include "message.h"
 
 #include <CLI/CLI.hpp>
 
@@ -12,6 +14,8 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace korvex {
 
@@ -24,104 +28,67 @@ struct ImportArguments {
     bool ignoreGeometry = false;
     OutputArguments output;  // its paths are those of the target
     std::size_t mostFindings = 100;
+
+    /// How many findings are listed of so many.
+    [[nodiscard]] std::size_t listed(std::size_t found) const
+    {
+        return mostFindings == 0 ? found : std::min(found, mostFindings);
+    }
 };
 
-std::string formText(const CommandContext& context, CsvFault fault)
+Json jsonOf(const CommandContext& context, const CsvFinding& finding)
 {
-    switch (fault) {
-    case CsvFault::OpenQuote:
-        return context.text("uvozovka se nezavírá", "a quote is never closed");
-    case CsvFault::TextAfterQuote:
-        return context.text("za uzavírající uvozovkou něco stojí", "something stands behind the closing quote");
-    case CsvFault::QuoteInside:
-        return context.text(
-            "uvozovka uvnitř pole, které jí nezačíná", "a quote inside a field that does not begin with one");
-    case CsvFault::NoHeader:
-        return context.text("chybí řádek s názvy sloupců", "the line with the names of the columns is missing");
-    case CsvFault::UnknownColumn:
-        return context.text("neznámý sloupec", "unknown column");
-    case CsvFault::DoubledColumn:
-        return context.text("sloupec je tu podruhé", "the column is there twice");
-    case CsvFault::MissingColumn:
-        return context.text("sloupec chybí", "the column is missing");
-    default:
-        return context.text(
-            "řádek má jiný počet polí než řádek s názvy", "the row has another number of fields than the header");
-    }
+    return {{"line", finding.place.line}, {"column", finding.place.column}, {"field", finding.column},
+        {"text", textOf(context.language, finding)}, {"value", finding.text},
+        {"acceptable", isAcceptable(finding.fault)}};
 }
 
-std::string valueText(const CommandContext& context, CsvFault fault)
+void sayFinding(CommandContext& context, const std::string& path, const CsvFinding& finding)
 {
-    switch (fault) {
-    case CsvFault::Empty:
-        return context.text("hodnota chybí", "the value is missing");
-    case CsvFault::NotOfType:
-        return context.text("tento typ zdroje hodnotu nemá", "this type of source has no such value");
-    case CsvFault::NotInteger:
-        return context.text("není celé číslo", "not a whole number");
-    case CsvFault::NotReal:
-        return context.text("není číslo s desetinnou tečkou", "not a number with a decimal point");
-    case CsvFault::OutOfRange:
-        return context.text("číslo je mimo rozsah", "the number is out of range");
-    case CsvFault::UnknownType:
-        return context.text("typ není 1, 2 ani 3", "the type is not 1, 2 or 3");
-    case CsvFault::TemperatureOfPlume:
-        return context.text("plocha má Delta_h_m, když jsou d i w0 nula, a jinak ts_C",
-            "an area has Delta_h_m when d and w0 are both zero, and ts_C otherwise");
-    case CsvFault::Semicolon:
-        return context.text("název nesmí obsahovat středník", "a name cannot hold a semicolon");
-    case CsvFault::LineEnd:
-        return context.text("text nesmí obsahovat konec řádku", "a text cannot hold a line end");
-    case CsvFault::NotInCodePage:
-        return context.text(
-            "znak, který kódová stránka souborů nemá", "a character that the code page of the files lacks");
-    case CsvFault::CommentDiffers:
-        return context.text("jiná poznámka než v dřívějším řádku", "another comment than in an earlier row");
-    case CsvFault::CommentBlanks:
-        return context.text("poznámka má na kraji mezeru", "the comment has a blank at its end");
-    case CsvFault::GeometryDiffers:
-        return context.text("geometrie nesouhlasí se souřadnicemi v řádku (--ignore-wkt)",
-            "the geometry does not agree with the coordinates of the row (--ignore-wkt)");
-    case CsvFault::SharedDescription:
-        return context.text(
-            "dřívější zdroj má stejné číslo a jiný popis", "an earlier source has this number and another description");
-    case CsvFault::SharedDust:
-        return context.text(
-            "dřívější zdroj má stejné číslo a jiný prach", "an earlier source has this number and other dust");
-    case CsvFault::ShiftedDust:
-        return context.text("číslo se nevejde na 9 míst, prach by se při čtení posunul",
-            "the number is wider than 9 places, its dust would be read shifted");
-    default:
-        return formText(context, fault);
-    }
+    context.out << path << ':' << finding.place.line << ':' << finding.place.column << ": ";
+    const bool isUnknown = finding.fault == CsvFault::UnknownColumn;
+    if (!finding.column.empty() && !isUnknown)
+        context.out << finding.column << ": ";
+    context.out << textOf(context.language, finding);
+    const std::string& shown = isUnknown ? finding.column : finding.text;
+    if (!shown.empty())
+        context.out << " (" << quotedText(context.language, shown) << ')';
+    context.out << '\n';
 }
 
-void sayFindings(CommandContext& context, const ImportArguments& arguments, const CsvInventory& inventory)
+/// The report of a run: what was found, what was written.
+Json reportOf(const CommandContext& context, const ImportArguments& arguments, const CsvInventory& inventory)
 {
-    const std::size_t shown = std::min(inventory.findings.size(), arguments.mostFindings);
-    Json json = Json::array();
-    for (std::size_t i = 0; i < shown; ++i) {
-        const CsvFinding& finding = inventory.findings[i];
-        const std::string text = valueText(context, finding.fault);
-        if (context.json) {
-            json.push_back({{"line", finding.place.line}, {"column", finding.place.column}, {"field", finding.column},
-                {"text", text}, {"value", finding.text}});
-            continue;
-        }
-        context.out << arguments.csv << ':' << finding.place.line << ':' << finding.place.column << ": ";
-        if (!finding.column.empty())
-            context.out << finding.column << ": ";
-        context.out << text;
-        if (!finding.text.empty())
-            context.out << " („" << finding.text << "“)";
-        context.out << '\n';
-    }
-    if (context.json)
-        writeJson(context, {{"written", 0}, {"found", inventory.findings.size()}, {"findings", json}});
-    else
-        context.out << context.text("Nálezy: ", "Findings: ") << inventory.findings.size() << '\n';
-    context.err << context.text("Nic se nezapsalo.\n", "Nothing was written.\n");
+    Json list = Json::array();
+    for (std::size_t i = 0; i < arguments.listed(inventory.findings.size()); ++i)
+        list.push_back(jsonOf(context, inventory.findings[i]));
+    return {{"written", 0}, {"found", inventory.findings.size()}, {"findings", std::move(list)}};
+}
+
+/// Says what was found; false when nothing may be written because of it.
+bool mayImport(CommandContext& context, const ImportArguments& arguments, const CsvInventory& inventory)
+{
+    const std::vector<CsvFinding>& findings = inventory.findings;
+    if (findings.empty())
+        return true;
     context.outcome = Outcome::Findings;
+    if (!context.json) {
+        for (std::size_t i = 0; i < arguments.listed(findings.size()); ++i)
+            sayFinding(context, arguments.csv, findings[i]);
+        context.out << context.text("Nálezy: ", "Findings: ") << findings.size() << '\n';
+    }
+    const bool allAcceptable = std::all_of(
+        findings.begin(), findings.end(), [](const CsvFinding& finding) { return isAcceptable(finding.fault); });
+    if (allAcceptable && arguments.output.acceptLosses)
+        return true;
+    if (context.json)
+        writeJson(context, reportOf(context, arguments, inventory));
+    if (allAcceptable)
+        context.err << context.text("Nic se nezapsalo. Se --accept-losses se zapíše i tak.\n",
+            "Nothing was written. With --accept-losses it is written all the same.\n");
+    else
+        context.err << context.text("Nic se nezapsalo.\n", "Nothing was written.\n");
+    return false;
 }
 
 bool fitsDust(CommandContext& context, const ImportArguments& arguments, bool hasDust)
@@ -151,8 +118,14 @@ void run(CommandContext& context, const ImportArguments& arguments)
     }
     CsvInventory inventory
         = readCsv(bytes.value().view(), arguments.ignoreGeometry ? GeometryColumn::Ignore : GeometryColumn::Check);
-    if (!inventory.findings.empty()) {
-        sayFindings(context, arguments, inventory);
+    if (const std::string form = textOf(context.language, inventory.form); !form.empty())
+        context.err << arguments.csv << ": " << form << '\n';
+    if (!mayImport(context, arguments, inventory))
+        return;
+    // A filter that left nothing, or a table saved too early: an inventory is not emptied by that.
+    if (inventory.set.empty()) {
+        context.fail(context.text("Tabulka nemá pod názvy sloupců žádný řádek; nic se nezapsalo.",
+            "The table has no row below the names of its columns; nothing was written."));
         return;
     }
     if (!fitsDust(context, arguments, inventory.hasDust)
@@ -161,10 +134,14 @@ void run(CommandContext& context, const ImportArguments& arguments)
     const std::string comment = arguments.comment.value_or(inventory.comment);
     if (!write(context, files, comment, inventory.set, arguments.output))
         return;
-    if (context.json)
-        writeJson(context, {{"written", inventory.set.size()}, {"files", pathsOf(files)}});
-    else
+    if (context.json) {
+        Json report = reportOf(context, arguments, inventory);
+        report["written"] = inventory.set.size();
+        report["files"] = pathsOf(files);
+        writeJson(context, report);
+    } else {
         sayWritten(context, inventory.set.size(), pathsOf(files));
+    }
 }
 
 }  // namespace
@@ -186,9 +163,18 @@ void addImportCommand(CLI::App& app, CommandContext& context)
     command->add_flag("--ignore-wkt", arguments->ignoreGeometry,
         context.text("Sloupec WKT nečte; jinak musí souhlasit se souřadnicemi.",
             "Does not read the column WKT; else it has to agree with the coordinates."));
-    command->add_option("--max", arguments->mostFindings,
-        context.text("Nejvýše tolik nálezů se vypíše (100).", "Not more findings than this are printed (100)."));
+    command
+        ->add_option("--max", arguments->mostFindings,
+            context.text("Kolik nálezů se vypíše; 0 všechny (výchozí 100). Počítají se vždy všechny.",
+                "How many findings are listed; 0 for all (100 by default). All are counted."))
+        ->check(CLI::NonNegativeNumber.description(""))
+        ->type_name("N");
     addForceOption(*command, context, arguments->output.force);
+    command->add_flag("--accept-losses", arguments->output.acceptLosses,
+        context.text("Zapíše i s nálezy, které zápisu nebrání: zaokrouhlené hodnoty, Alfa a Pd mimo rozsah, opakovaná "
+                     "čísla zdrojů, posunutý prach.",
+            "Writes in spite of findings that do not prevent it: rounded values, Alfa and Pd out of range, repeated "
+            "source numbers, shifted dust."));
     addDustOption(*command, context, arguments->output.withoutDust);
     command->footer(context.text("Příklad: korvexzdr-cli import --csv zdroje.csv body.txt popis.txt prach.txt",
         "Example: korvexzdr-cli import --csv zdroje.csv body.txt popis.txt prach.txt"));

@@ -1,6 +1,7 @@
 #include "program.h"
 
 #include "arithmetic_fault.h"
+#include "complaint.h"
 
 #include <CLI/CLI.hpp>
 
@@ -28,45 +29,34 @@ public:
         const std::string gap = shown < width ? std::string(width - shown, ' ') : '\n' + std::string(width, ' ');
         return name + gap + make_option_desc(option) + '\n';
     }
+
+    /// Without what the library tells of a check itself: the name of the value's type says which values there are.
+    std::string make_option_opts(const CLI::Option* option) const override
+    {
+        std::string shown = CLI::Formatter::make_option_opts(option);
+        const std::size_t begin = shown.find(":{");
+        if (begin != std::string::npos)
+            shown.erase(begin, shown.find('}', begin) + 1 - begin);
+        return shown;
+    }
 };
 
-void speakCzech(CLI::Formatter& formatter)
+/// The library's own words in the help.
+void nameParts(CLI::Formatter& formatter, const CommandContext& context)
 {
-    formatter.label("Usage", "Použití");
-    formatter.label("Positionals", "Argumenty");
-    formatter.label("OPTIONS", "VOLBY");
-    formatter.label("SUBCOMMAND", "PŘÍKAZ");
-    formatter.label("SUBCOMMANDS", "PŘÍKAZY");
-    formatter.label("REQUIRED", "POVINNÉ");
-    formatter.label("Needs", "Jen s");
-    formatter.label("Excludes", "Ne spolu s");
-    formatter.label("TEXT", "TEXT");
-    formatter.label("INT", "ČÍSLO");
-    formatter.label("UINT", "ČÍSLO");
-    formatter.label("FLOAT", "ČÍSLO");
-}
-
-/// The library complains in English; what it complains about is in the kind of its error.
-std::string czechComplaint(const CLI::ParseError& error)
-{
-    const std::string name = error.get_name();
-    std::string what = error.what();
-    if (name == "ExtrasError")
-        return "Nadbytečný nebo neznámý argument:" + what.substr(std::min(what.find(':') + 1, what.size()));
-    if (name == "RequiredError")
-        return what.find("subcommand") != std::string::npos ? "Chybí příkaz." : "Chybí povinný argument: " + what;
-    if (name == "ConversionError" || name == "ValidationError" || name == "InvalidError")
-        return "Nepřípustná hodnota: " + what;
-    if (name == "ArgumentMismatch")
-        return "Nesprávný počet hodnot: " + what;
-    if (name == "RequiresError" || name == "ExcludesError")
-        return "Volby, které k sobě nepatří: " + what;
-    return what;
+    formatter.label("Usage", context.text("Použití", "Usage"));
+    formatter.label("Positionals", context.text("Argumenty", "Arguments"));
+    formatter.label("OPTIONS", context.text("VOLBY", "OPTIONS"));
+    formatter.label("SUBCOMMAND", context.text("PŘÍKAZ", "COMMAND"));
+    formatter.label("REQUIRED", context.text("(povinné)", "(required)"));
+    formatter.label("INT", context.text("ČÍSLO", "NUMBER"));
+    formatter.label("UINT", context.text("ČÍSLO", "NUMBER"));
+    formatter.label("FLOAT", context.text("ČÍSLO", "NUMBER"));
 }
 
 int complain(const CLI::App& app, CommandContext& context, const CLI::ParseError& error)
 {
-    context.fail(context.language == Language::Czech ? czechComplaint(error) : std::string(error.what()));
+    context.fail(complaintOf(context.language, app, error));
     const auto chosen = app.get_subcommands();
     const std::string command = chosen.empty() ? "" : " " + chosen.front()->get_name();
     context.err << context.text("Nápověda: korvexzdr-cli", "Help: korvexzdr-cli") << command << " --help\n";
@@ -81,8 +71,6 @@ int parseAndRun(CLI::App& app, CommandContext& context, std::span<const char* co
         app.parse(std::move(reversed));
     } catch (const CLI::CallForHelp&) {
         context.out << app.help();
-    } catch (const CLI::CallForAllHelp&) {
-        context.out << app.help("", CLI::AppFormatMode::All);
     } catch (const CLI::CallForVersion& version) {
         context.out << version.what() << '\n';
     } catch (const CLI::ParseError& error) {
@@ -115,8 +103,7 @@ std::unique_ptr<CLI::App> makeApp(CommandContext& context)
                                          "Checks and batch changes of inventories of air-pollution sources."),
             "korvexzdr-cli");
     const auto formatter = std::make_shared<CharacterColumns>();
-    if (context.language == Language::Czech)
-        speakCzech(*formatter);
+    nameParts(*formatter, context);
     app->formatter(formatter);
     app->option_defaults()->group(context.text("Volby", "Options"));
     app->group(context.text("Příkazy", "Commands"));

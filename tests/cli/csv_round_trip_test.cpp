@@ -29,8 +29,9 @@ void expectSameBytes(Inventory inventory)
     const Inventory again = test::loaded(files);
     const std::string csv = test::bytesOf(csvBytes(again.set, again.comment, dustColumn(again)));
     CsvInventory imported = readCsv(csv, GeometryColumn::Check);
-    ASSERT_TRUE(imported.findings.empty())
-        << "column " << imported.findings.front().column << ", text " << imported.findings.front().text;
+    // What is odd in it already stays so: a value out of range, a number that two sources have.
+    for (const CsvFinding& finding : imported.findings)
+        ASSERT_TRUE(isAcceptable(finding.fault)) << "column " << finding.column << ", text " << finding.text;
     EXPECT_EQ(imported.hasDust, again.hasDust());
     ASSERT_TRUE(writeInventory(files, imported.comment, imported.set).ok());
     std::size_t compared = 0;
@@ -41,6 +42,9 @@ void expectSameBytes(Inventory inventory)
 
 TEST(CsvRoundTrip, TheExampleComesBack)
 {
+    const Inventory example = test::loaded(test::exampleFiles());
+    const std::string csv = test::bytesOf(csvBytes(example.set, example.comment, dustColumn(example)));
+    EXPECT_TRUE(readCsv(csv, GeometryColumn::Check).findings.empty());
     expectSameBytes(test::loaded(test::exampleFiles()));
 }
 

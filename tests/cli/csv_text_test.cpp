@@ -48,6 +48,28 @@ TEST(CsvText, LinesMayEndInAnyOfThreeWaysAndEmptyOnesArePassedOver)
     EXPECT_TRUE(recordsOf("\r\n").empty());
 }
 
+TEST(CsvText, TheSeparatorIsTheFirstOneOfTheHeaderOutsideOfQuotes)
+{
+    EXPECT_EQ(separatorOf("a,b;c"), ',');
+    EXPECT_EQ(separatorOf("a;b,c"), ';');
+    EXPECT_EQ(separatorOf("a\tb;c"), '\t');
+    EXPECT_EQ(separatorOf("\"a,b\";c"), ';');
+    EXPECT_EQ(separatorOf("\xEF\xBB\xBF\r\n\r\na;b"), ';');
+    EXPECT_EQ(separatorOf("a\r\n1;2"), ',') << "only the header tells";
+    EXPECT_EQ(separatorOf(""), ',');
+}
+
+TEST(CsvText, AnotherSeparatorPartsFieldsAndCommasBelongToThem)
+{
+    CsvReader reader("a,b;\"c;d\";e\r\n", ';');
+    std::vector<CsvField> fields;
+    ASSERT_TRUE(reader.next(fields));
+    ASSERT_EQ(fields.size(), 3U);
+    EXPECT_EQ(fields[0].text, "a,b");
+    EXPECT_EQ(fields[1].text, "c;d");
+    EXPECT_EQ(fields[2].place, (TextPlace{1, 11}));
+}
+
 TEST(CsvText, PlacesCountCharactersAndTheLinesWithinQuotes)
 {
     CsvReader reader("žluť,\"a\r\nb\",c\r\nd,e,f");
@@ -72,7 +94,9 @@ TEST(CsvText, QuotesOutOfPlaceAreFaultsWithTheirPlace)
     };
     for (const Case& given :
         {Case{"a,\"b", CsvFormFault::OpenQuote, {1, 3}}, Case{"a,\"b\"c,d", CsvFormFault::TextAfterQuote, {1, 6}},
-            Case{"a,b\"c", CsvFormFault::QuoteInside, {1, 4}}}) {
+            Case{"a,b\"c", CsvFormFault::QuoteInside, {1, 4}},
+            Case{"a,\"b\"c\"d", CsvFormFault::TextAfterQuote, {1, 6}},
+            Case{"a,\"b\r\n\"\"c\r\n", CsvFormFault::OpenQuote, {1, 3}}}) {
         CsvReader reader(given.text);
         std::vector<CsvField> fields;
         ASSERT_TRUE(reader.next(fields));
