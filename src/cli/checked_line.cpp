@@ -6,6 +6,7 @@
 #include "fields.h"
 #include "message.h"
 #include "plain_number.h"
+#include "utf8_text.h"
 
 #include <algorithm>
 #include <array>
@@ -16,12 +17,6 @@
 namespace korvex {
 
 namespace {
-
-/// Not the first byte of a UTF-8 character.
-bool isContinuation(char c)
-{
-    return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
-}
 
 /// Goes over a number as the lenient reader does, blanks skipped anywhere.
 class NumberScan {
@@ -96,7 +91,7 @@ std::string nameOf(const Findings& findings, const FieldKind& kind)
 Place CheckedLine::placeOf(const char* at) const
 {
     const auto before = bytes.substr(0, static_cast<std::size_t>(at - bytes.data()));
-    const auto hidden = isUtf8 ? std::count_if(before.begin(), before.end(), isContinuation) : 0;
+    const auto hidden = isUtf8 ? std::count_if(before.begin(), before.end(), isUtf8Continuation) : 0;
     return {file, number, static_cast<std::uint32_t>(1 + before.size() - static_cast<std::size_t>(hidden))};
 }
 

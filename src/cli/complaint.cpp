@@ -157,11 +157,15 @@ private:
             return say("chybí hodnota.", "the value is missing.");
         const auto least = static_cast<std::size_t>(option.get_items_expected_min());
         const auto most = static_cast<std::size_t>(option.get_items_expected_max());
+        // The library's own number for "as many as there are".
+        const bool isOpen = option.get_items_expected_max() >= CLI::detail::expected_max_vector_size;
         std::string wanted = countText(least);
-        if (most > least)
+        if (isOpen)
+            wanted = say("nejméně {0}", "at least {0}", {wanted});
+        else if (most > least)
             wanted = say("{0} až {1}", "{0} to {1}", {wanted, countText(most)});
         return say("má mít {0} {1}, má jich {2}.", "takes {0} {1}, has {2}.",
-            {wanted, formOf(values, m_language, most), countText(option.count())});
+            {wanted, formOf(values, m_language, isOpen ? least : most), countText(option.count())});
     }
 
     Language m_language;

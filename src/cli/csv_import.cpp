@@ -11,6 +11,7 @@
 #include "inventory.h"
 #include "number_text.h"
 #include "source_columns.h"
+#include "utf8_text.h"
 
 #include <algorithm>
 #include <array>
@@ -373,11 +374,6 @@ private:
     std::string m_real;
 };
 
-bool isUtf8(std::string_view bytes)
-{
-    return asciiLength(bytes) == bytes.size() || looksLikeUtf8(bytes);
-}
-
 /// Of bytes that are no UTF-8: whether most of what is beyond ASCII is, so that a few damaged bytes spoil it. Text of
 /// the code page has hardly a letter that could be taken for one of UTF-8.
 bool isDamagedUtf8(std::string_view bytes)
@@ -388,12 +384,9 @@ bool isDamagedUtf8(std::string_view bytes)
         bytes.remove_prefix(asciiLength(bytes));
         if (bytes.empty())
             return sound > unsound;
-        std::size_t length = 2;
-        while (length <= 4 && !looksLikeUtf8(bytes.substr(0, length)))
-            ++length;
-        const bool isSound = length <= 4;
-        ++(isSound ? sound : unsound);
-        bytes.remove_prefix(isSound ? std::min(length, bytes.size()) : 1);
+        const std::size_t length = utf8CharacterLength(bytes);
+        ++(length > 0 ? sound : unsound);
+        bytes.remove_prefix(std::max<std::size_t>(length, 1));
     }
 }
 

@@ -22,6 +22,13 @@ void appendFilled(std::string& out, std::string_view pattern, std::span<const st
     }
 }
 
+std::string filled(std::string_view pattern, const std::vector<std::string>& values)
+{
+    std::string out;
+    appendFilled(out, pattern, std::vector<std::string_view>(values.begin(), values.end()));
+    return out;
+}
+
 std::string quotedText(Language language, std::string_view utf8)
 {
     constexpr std::size_t shown = 40;

@@ -6,11 +6,13 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvex {
 
 /// Appends the pattern with {0}, {1} … replaced by the values; a place without a value stays as it is.
 void appendFilled(std::string& out, std::string_view pattern, std::span<const std::string_view> values);
+[[nodiscard]] std::string filled(std::string_view pattern, const std::vector<std::string>& values);
 
 /// The beginning of a text from a file (UTF-8) between quotation marks; what cannot be printed is "?".
 [[nodiscard]] std::string quotedText(Language language, std::string_view utf8);

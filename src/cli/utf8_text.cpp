@@ -2,19 +2,54 @@
 
 #include "code_page.h"
 
+#include <algorithm>
 #include <string>
 
 namespace korvex {
 
+std::size_t utf8CharacterLength(std::string_view bytes)
+{
+    if (bytes.empty())
+        return 0;
+    const auto first = static_cast<unsigned char>(bytes.front());
+    if (first < 0x80)
+        return 1;
+    const std::size_t length = first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
+    if (first < 0xC2 || first > 0xF4 || bytes.size() < length)
+        return 0;
+    // What a shorter form could hold, the halves of UTF-16 pairs and what lies beyond Unicode are no characters.
+    const auto second = static_cast<unsigned char>(bytes[1]);
+    if ((first == 0xE0 && second < 0xA0) || (first == 0xED && second >= 0xA0) || (first == 0xF0 && second < 0x90)
+        || (first == 0xF4 && second >= 0x90))
+        return 0;
+    const std::string_view rest = bytes.substr(1, length - 1);
+    return std::all_of(rest.begin(), rest.end(), isUtf8Continuation) ? length : 0;
+}
+
+bool isUtf8Continuation(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+bool isUtf8(std::string_view bytes)
+{
+    for (;;) {
+        bytes.remove_prefix(asciiLength(bytes));
+        if (bytes.empty())
+            return true;
+        const std::size_t length = utf8CharacterLength(bytes);
+        if (length == 0)
+            return false;
+        bytes.remove_prefix(length);
+    }
+}
+
 bool looksLikeUtf8(std::string_view line)
 {
-    const std::string_view beyondAscii = line.substr(asciiLength(line));
-    const auto isContinuation = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
-    // Nearly all lines of the code page end here: a letter follows their first one beyond ASCII.
-    if (beyondAscii.size() < 2 || !isContinuation(beyondAscii[1]))
+    if (asciiLength(line) == line.size() || !isUtf8(line))
         return false;
     std::string encoded;
-    return appendCodePage(encoded, beyondAscii) == 0;
+    return appendCodePage(encoded, line) == 0;
 }
 
 }  // namespace korvex

@@ -98,10 +98,10 @@ complains 'Chybí volba --csv.' import a b
 complains 'Chybí argument POPIS.' stat a
 complains 'Volba --csv: chybí hodnota.' import a b --csv
 complains 'Volba --csv: má mít 1 hodnotu, má jich 2.' import --csv x --csv y a b
-complains 'Volba --output: má mít 2 až 3 hodnoty, má jich 1.' merge a b + c d -o x
-complains 'Volba --output: má mít 2 až 3 hodnoty, má jich 4.' merge a b + c d -o x y z w
+complains 'Volba --output: má mít nejméně 2 hodnoty, má jich 1.' merge a b + c d -o x
+complains 'Za --output stojí příliš mnoho souborů.' merge a b + c d -o x y z w
 complains 'Volba --pressure: nepřípustná hodnota „3“; přípustné je 10000 až 200000.' check a b --pressure 3
-complains 'Volba --max: nepřípustná hodnota „x“.' check a b --max x
+complains 'Volba --max: nepřípustná hodnota „x“; přípustné je nejméně 0.' check a b --max x
 complains 'Volba --max: nepřípustná hodnota „-1“; přípustné je nejméně 0.' import --csv x a b --max -1
 complains 'pravidlo zz není; všechna vypíše --explain all' check a b --skip zz
 complains 'Volba --on-conflict: nepřípustná hodnota „x“; přípustné jsou: fail, keep, replace, renumber.' \

@@ -32,14 +32,24 @@ TEST(Utf8Text, TwoLettersOfTheCodePageThatMakeACharacterItLacksDoNot)
     EXPECT_FALSE(looksLikeUtf8("\xDA\x9At\xECk"));  // "Úštěk"
 }
 
-TEST(Utf8Text, MalformedCharactersDoNot)
+TEST(Utf8Text, MalformedCharactersAreNone)
 {
-    EXPECT_FALSE(looksLikeUtf8("\xC5"));
-    EXPECT_FALSE(looksLikeUtf8("\xC0\x80"));
-    EXPECT_FALSE(looksLikeUtf8("\xE0\x80\x80"));
-    EXPECT_FALSE(looksLikeUtf8("\xED\xA0\x80"));
-    EXPECT_FALSE(looksLikeUtf8("\xF0\x80\x80\x80"));
-    EXPECT_FALSE(looksLikeUtf8("\xF4\x90\x80\x80"));
+    for (const char* const malformed :
+        {"\xC5", "\xC0\x80", "\xE0\x80\x80", "\xED\xA0\x80", "\xF0\x80\x80\x80", "\xF4\x90\x80\x80", "\x80", "\xC5x"}) {
+        EXPECT_FALSE(looksLikeUtf8(malformed)) << malformed;
+        EXPECT_FALSE(isUtf8(malformed)) << malformed;
+        EXPECT_EQ(utf8CharacterLength(malformed), 0U) << malformed;
+    }
+    EXPECT_EQ(utf8CharacterLength(""), 0U);
+}
+
+TEST(Utf8Text, CharactersThatTheCodePageLacksAreUtf8AllTheSame)
+{
+    EXPECT_TRUE(isUtf8("a → b, \xF0\x9F\x8F\xAD"));
+    EXPECT_TRUE(isUtf8(""));
+    EXPECT_EQ(utf8CharacterLength("→"), 3U);
+    EXPECT_EQ(utf8CharacterLength("č"), 2U);
+    EXPECT_EQ(utf8CharacterLength("a"), 1U);
 }
 
 }  // namespace
