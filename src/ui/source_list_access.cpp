@@ -28,6 +28,7 @@ public:
     explicit ListAccess(SourceListView& view) : QAccessibleWidget(&view, QAccessible::Table), m_view(view) { }
     ListAccess(const ListAccess&) = delete;
     ListAccess& operator=(const ListAccess&) = delete;
+    ~ListAccess() override { dropCells(); }
 
     [[nodiscard]] SourceListView& view() const { return m_view; }
     /// As long as there is one: a window that closes may lose it before the view.
@@ -63,9 +64,6 @@ public:
     bool unselectRow(int row) override { return markRow(row, false); }
     bool unselectColumn(int /*column*/) override { return false; }
     void modelChange(QAccessibleTableModelChangeEvent* event) override;
-
-protected:
-    ~ListAccess() override { dropCells(); }
 
 private:
     void dropCells();

@@ -387,7 +387,7 @@ QModelIndex SourceListView::moveCursor(CursorAction action, Qt::KeyboardModifier
 void SourceListView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     // Not the table view's: it counts the cells with those of a header column that is not there.
-    QAbstractItemView::currentChanged(current, previous);
+    QAbstractItemView::currentChanged(current, previous);  // NOLINT(bugprone-parent-virtual-call)
     tellCurrentRow(*this);
 }
 
