@@ -110,7 +110,7 @@ void HelpBrowser::showHighlights()
     const QString text = foldedText(document()->toPlainText());
     QList<ExtraSelection> found;
     for (const QString& word : m_words) {
-        for (qsizetype at = text.indexOf(word); at >= 0; at = text.indexOf(word, at + word.size())) {
+        for (qsizetype at = beginningOf(word, text); at >= 0; at = beginningOf(word, text, at + word.size())) {
             ExtraSelection selection;
             selection.cursor = QTextCursor(document());
             selection.cursor.setPosition(static_cast<int>(at));
@@ -133,9 +133,7 @@ void HelpBrowser::scrollToHighlight()
     qsizetype mostWords = 0;
     for (const ExtraSelection& selection : found) {
         const QTextBlock block = selection.cursor.block();
-        const QString text = foldedText(block.text());
-        const qsizetype count = std::count_if(
-            m_words.begin(), m_words.end(), [&text](const QString& word) { return text.contains(word); });
+        const qsizetype count = wordsIn(foldedText(block.text()), m_words);
         if (count > mostWords && block != document()->firstBlock()) {
             best = &selection;
             mostWords = count;

@@ -39,12 +39,6 @@ QString stem(const QString& word)
     return word;
 }
 
-/// How many of the words are in the text.
-qsizetype wordsIn(const QString& text, const QStringList& words)
-{
-    return std::count_if(words.begin(), words.end(), [&text](const QString& word) { return text.contains(word); });
-}
-
 bool hasAll(const QString& text, const QStringList& words)
 {
     return wordsIn(text, words) == words.size();
@@ -81,7 +75,7 @@ QString contextIn(const QString& block, const QString& foldedBlock, const QStrin
     constexpr qsizetype longest = 110;
     qsizetype found = block.size();
     for (const QString& word : words) {
-        const qsizetype place = foldedBlock.indexOf(word);
+        const qsizetype place = beginningOf(word, foldedBlock);
         if (place >= 0)
             found = std::min(found, place);
     }
@@ -116,6 +110,21 @@ QStringList foldedWords(const QString& question)
     std::transform(words.begin(), words.end(), words.begin(), stem);
     words.removeDuplicates();
     return words;
+}
+
+qsizetype beginningOf(const QString& word, const QString& text, qsizetype from)
+{
+    qsizetype place = text.indexOf(word, from);
+    // Within another word it mostly means something else.
+    while (place > 0 && text.at(place - 1).isLetterOrNumber() && word.at(0).isLetterOrNumber())
+        place = text.indexOf(word, place + 1);
+    return place;
+}
+
+qsizetype wordsIn(const QString& text, const QStringList& words)
+{
+    return std::count_if(
+        words.begin(), words.end(), [&text](const QString& word) { return beginningOf(word, text) >= 0; });
 }
 
 HelpIndex::HelpIndex()

@@ -12,6 +12,11 @@ namespace korvex {
 /// The words of a question, folded and without the ending that declines them, each once.
 [[nodiscard]] QStringList foldedWords(const QString& question);
 
+/// Where a word of the text begins with this one, from there on; -1 when none does. Both are folded.
+[[nodiscard]] qsizetype beginningOf(const QString& word, const QString& text, qsizetype from = 0);
+/// With how many of these a word of the text begins.
+[[nodiscard]] qsizetype wordsIn(const QString& text, const QStringList& words);
+
 struct HelpHit {
     QString page;
     QString title;

@@ -21,6 +21,9 @@ private slots:
     void formsOfAWordFindTheSame_data();
     void formsOfAWordFindTheSame();
     void shortWordKeepsItsEnding();
+    void wordIsFoundAtTheBeginningOfAnother_data();
+    void wordIsFoundAtTheBeginningOfAnother();
+    void wordInsideAnotherIsNotFound();
     void allWordsMustBeOnThePage();
     void wordFindsItsPageFirst_data();
     void wordFindsItsPageFirst();
@@ -147,7 +150,10 @@ void HelpSearchTest::wordFindsItsPageFirst_data()
         {"otevřít", "frmLoadZdroje"}, {"otevření", "frmLoadZdroje"}, {"import", "frmLoadZdroje"},
         {"přidat", "frmKORVEXZDR"}, {"nový zdroj", "frmKORVEXZDR"}, {"duplicity", "duplicity"},
         {"kontrola soupisu", "kontrola_soupisu"}, {"tlak", "frmTlak"}, {"skupiny prachu", "frmSkupinyPrachu"},
-        {"vzorec", "vypocty"}, {"hlášení", "hlaseni"}, {"kódování", "soubory"}};
+        {"vzorec", "vypocty"}, {"hlášení", "hlaseni"}, {"kódování", "soubory"}, {"tuny", "slovnicek"},
+        {"emise t/rok", "slovnicek"}, {"vrátit zpět", "bezpecnostni_kopie"}, {"Excel", "kontrola_soupisu"},
+        {"tisk", "kontrola_soupisu"}, {"přečíslovat", "duplicity"}, {"změnit číslo", "duplicity"},
+        {"změna čísla", "duplicity"}};
     for (const auto& [word, page] : wanted)
         QTest::newRow(word) << QString::fromLatin1(page);
 }
@@ -157,6 +163,42 @@ void HelpSearchTest::wordFindsItsPageFirst()
     QFETCH(const QString, page);
     const QStringList found = pages(find(QString::fromUtf8(QTest::currentDataTag())));
     QVERIFY2(!found.isEmpty() && found.first() == page, qPrintable(found.join(QLatin1Char(' '))));
+}
+
+void HelpSearchTest::wordIsFoundAtTheBeginningOfAnother_data()
+{
+    QTest::addColumn<QString>("word");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("place");
+    QTest::newRow("first") << "tisk"
+                           << "tiskarna" << 0;
+    QTest::newRow("behind a blank") << "tisk"
+                                    << "stisk a tisk" << 8;
+    QTest::newRow("behind a hyphen") << "jtsk"
+                                     << "s-jtsk" << 2;
+    QTest::newRow("inside") << "tisk"
+                            << "stisknete" << -1;
+    QTest::newRow("behind a digit") << "1"
+                                    << "11 101" << 0;
+    QTest::newRow("a sign counts everywhere") << "%"
+                                              << "45%" << 2;
+    QTest::newRow("nowhere") << "tisk"
+                             << "" << -1;
+}
+
+void HelpSearchTest::wordIsFoundAtTheBeginningOfAnother()
+{
+    QFETCH(const QString, word);
+    QFETCH(const QString, text);
+    QFETCH(const int, place);
+    QCOMPARE(beginningOf(word, text), static_cast<qsizetype>(place));
+    QCOMPARE(wordsIn(text, {word}), static_cast<qsizetype>(place >= 0 ? 1 : 0));
+}
+
+void HelpSearchTest::wordInsideAnotherIsNotFound()
+{
+    QVERIFY(helpText(QStringLiteral("prvni_hodina")).blocks.join(QLatin1Char(' ')).contains(QStringLiteral("tiskn")));
+    QVERIFY(!pages(find(QStringLiteral("tisk"))).contains(QStringLiteral("prvni_hodina")));
 }
 
 void HelpSearchTest::allWordsMustBeOnThePage()
