@@ -77,9 +77,11 @@ Topic topicOfBox(const QMessageBox& box)
     }
     // A file dialog has boxes of the toolkit, too, which the page of messages does not know.
     const bool isOfFileDialog = qobject_cast<QFileDialog*>(box.parentWidget()) != nullptr;
-    if (!isOfFileDialog && (box.icon() == QMessageBox::Warning || box.icon() == QMessageBox::Critical))
-        return {messagesHelpPage, {}};
-    return ofOwner;
+    if (isOfFileDialog)
+        return ofOwner;
+    const QString message = helpMessageSection(box.text());
+    const bool isFault = box.icon() == QMessageBox::Warning || box.icon() == QMessageBox::Critical;
+    return isFault || !message.isEmpty() ? Topic{messagesHelpPage, message} : ofOwner;
 }
 
 Topic topicOf(const QWidget* window)

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QSet>
 #include <QXmlStreamReader>
 
@@ -65,6 +66,14 @@ bool isHeading(QStringView element)
 bool isCell(QStringView element)
 {
     return element == QStringLiteral("td") || element == QStringLiteral("th");
+}
+
+/// What is always the same in a message quoted by the page: its words up to the first that stand for others.
+QString fixedWords(const QString& quoted)
+{
+    const qsizetype begin = quoted.indexOf(u'„') + 1;
+    static const QRegularExpression end(QStringLiteral("[…“]"));
+    return quoted.mid(begin, quoted.indexOf(end, begin) - begin).simplified();
 }
 
 QList<HelpChapter> readList(QXmlStreamReader& xml);
@@ -152,6 +161,27 @@ HelpText helpText(const QString& name)
     }
     text.blocks = collector.blocks();
     return text;
+}
+
+QString helpMessageSection(const QString& text)
+{
+    const QString said = text.simplified();
+    PageReader reader(messagesHelpPage);
+    QXmlStreamReader& xml = reader.xml();
+    QString section;
+    qsizetype first = said.size();
+    while (!xml.atEnd()) {
+        xml.readNext();
+        const QString row = xml.attributes().value(QStringLiteral("id")).toString();
+        if (!xml.isStartElement() || xml.name() != QStringLiteral("td") || row.isEmpty())
+            continue;
+        const qsizetype place = said.indexOf(fixedWords(xml.readElementText(QXmlStreamReader::IncludeChildElements)));
+        if (place >= 0 && place < first) {
+            first = place;
+            section = row;
+        }
+    }
+    return section;
 }
 
 QList<HelpChapter> helpChapters()

@@ -31,6 +31,9 @@ struct HelpText {
 
 [[nodiscard]] HelpText helpText(const QString& name);
 
+/// Where the page of messages tells of the first one that this text holds: the id in its row. Empty when it does not.
+[[nodiscard]] QString helpMessageSection(const QString& text);
+
 struct HelpChapter {
     QString title;
     QString page;

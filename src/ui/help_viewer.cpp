@@ -214,18 +214,15 @@ void HelpViewer::takeSize()
 
 void HelpViewer::open(const QString& page, const QString& section)
 {
-    // The page that is being read keeps its place.
-    const bool isRead = isVisible() && page == this->page() && section.isEmpty();
     m_question->clear();
     setWindowState(windowState() & ~Qt::WindowMinimized);
     // Where a section stands is known in the width that the page is shown in.
     show();
-    if (!isRead) {
-        QUrl address = helpPageAddress(page);
-        if (!section.isEmpty())
-            address.setFragment(section);
-        m_browser->setSource(address);
-    }
+    QUrl address = helpPageAddress(page);
+    if (!section.isEmpty())
+        address.setFragment(section);
+    // Of a page that is shown elsewhere, too: the key would otherwise seem to do nothing.
+    m_browser->setSource(address);
     raise();
     activateWindow();
     m_browser->setFocus();

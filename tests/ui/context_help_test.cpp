@@ -44,6 +44,7 @@ private slots:
     void keyShowsTheSectionOfTheTab();
     void boxShowsThePageOfWhatItTells_data();
     void boxShowsThePageOfWhatItTells();
+    void boxShowsTheRowOfItsMessage();
     void boxShowsThePageOfItsOwner();
     void fileDialogShowsThePageOfItsOwner();
     void boxOfAFileDialogShowsThePageOfItsOwner();
@@ -316,8 +317,20 @@ void ContextHelpTest::boxShowsThePageOfWhatItTells_data()
     box("Čtení skupin prachu ze souboru", "Soubor nebo složka neexistuje.", BoxIcon::Critical, "prach", "ztrata");
     box("Plošný zdroj", "Byly provedeny změny zdroje.\nMám tyto změny převzít ?", BoxIcon::Question, "frmPlosnyZdroj",
         "tlacitka");
-    box("Nový zdroj", "Automaticky přidělované číslo…", BoxIcon::Exclamation, "hlaseni", "");
-    box("Chyba při běhu programu", "Dělení nulou", BoxIcon::Critical, "hlaseni", "");
+    box("Nový zdroj", "Automaticky přidělované číslo zdroje nemůže být větší než 99999.\nZkuste upravit hodnotu",
+        BoxIcon::Exclamation, "hlaseni", "automaticky-pridelovane-cislo-zdroje-nemuze");
+    box("Chyba při běhu programu", "Dělení nulou", BoxIcon::Critical, "hlaseni", "deleni-nulou");
+    box("Načtení seznamu zdrojů", "body.txt\nŘádek 7: Číslo je mimo rozsah: 99999999999", BoxIcon::Critical, "hlaseni",
+        "cislo-je-mimo-rozsah");
+    box("Vypočet (d)", "Parametr 'w0' nesmí být nulový.", BoxIcon::Exclamation, "hlaseni",
+        "parametr-w0-nesmi-byt-nulovy");
+    box("Uložení seznamu zdrojů", "Dva z ukládaných souborů mají stejný název.", BoxIcon::Critical, "hlaseni",
+        "dva-z-ukladanych-souboru-maji");
+    box("Načtení seznamu zdrojů", "Soubor nebo složka neexistuje.\n/tmp/body.txt", BoxIcon::Critical, "hlaseni",
+        "soubor-nebo-slozka-neexistuje");
+    box("Skupiny prachu", "Byly provedeny změny ve skupinách prachu.\nMám tyto změny uložit ?", BoxIcon::Question,
+        "hlaseni", "byly-provedeny-zmeny-ve-skupinach");
+    box("", "Hlášení, které nápověda nezná", BoxIcon::Critical, "hlaseni", "");
     box("Plošný zdroj", "Jiná otázka", BoxIcon::Question, "frmPlosnyZdroj", "popis");
 }
 
@@ -339,6 +352,26 @@ void ContextHelpTest::boxShowsThePageOfWhatItTells()
         });
         ToolkitMessageBoxes boxes;
         boxes.show(&editor, {title, text, static_cast<BoxIcon>(icon), BoxButtons::Ok, {}});
+    });
+}
+
+void ContextHelpTest::boxShowsTheRowOfItsMessage()
+{
+    const ContextHelp help(harness().settings);
+    inWindow(QStringLiteral("frmPlosnyZdroj"), [this](QWidget& editor) {
+        const QString message = QStringLiteral("Soubor je právě používán.");
+        harness().dialogs.useNext(QString(), [&](QDialog& box) {
+            QVERIFY(waitUntilActive(box));
+            pressF1(box);
+            QVERIFY(shownText().verticalScrollBar()->value() > 0);
+            const QTextCursor row = shownText().document()->find(message);
+            QVERIFY(!row.isNull());
+            const QRect place = shownText().cursorRect(row);
+            QVERIFY(place.top() >= 0 && place.top() < shownText().viewport()->height() / 4);
+            box.reject();
+        });
+        ToolkitMessageBoxes boxes;
+        boxes.show(&editor, {{}, message, BoxIcon::Critical, BoxButtons::Ok, {}});
     });
 }
 
