@@ -158,6 +158,9 @@ void HelpViewerTest::everyPageIsShown()
     parts->viewer.open(name);
     QCOMPARE(shownTitle(parts->page()), helpText(name).title);
     QVERIFY(parts->page().toPlainText().size() > parts->page().documentTitle().size());
+    // Laid out to its end it needs no scrolling sideways.
+    QVERIFY(!parts->page().document()->size().isEmpty());
+    QCOMPARE(parts->page().horizontalScrollBar()->maximum(), 0);
     // The style sheet is found: the toolkit's own headings are larger and keep another distance.
     QCOMPARE(parts->page().document()->firstBlock().blockFormat().bottomMargin(), 10.0);
 }
