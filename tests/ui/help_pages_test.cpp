@@ -138,6 +138,8 @@ private slots:
     void noEnglishButtonIsNamed();
     void textIsReadInBlocks();
     void headingsAndKeywordsAreReadApart();
+    void everyMessageHasARowOfItsOwn();
+    void firstMessageOfATextCounts();
     void everyPageButTheContentsHasKeywords();
     void addressesOutsideTheHelpAreNoPages();
 };
@@ -281,6 +283,38 @@ void HelpPagesTest::headingsAndKeywordsAreReadApart()
         QVERIFY2(!block.startsWith(QStringLiteral("Na této stránce")), qPrintable(block));
     }
     QVERIFY(helpText(QStringLiteral("slovnicek")).headings.contains(QStringLiteral("vznos vlečky")));
+}
+
+void HelpPagesTest::everyMessageHasARowOfItsOwn()
+{
+    static const QRegularExpression quoted(QStringLiteral("^„([^“]+)“"));
+    // The log of the batch calculation is no box.
+    static const QRegularExpression logged(QStringLiteral("^(Hotovo|Pro zdroj)"));
+    QStringList rows;
+    const HelpText page = helpText(messagesHelpPage);
+    for (const QString& block : page.blocks) {
+        if (block == page.headings.first())
+            break;
+        QString message = quoted.match(block).captured(1);
+        if (message.isEmpty() || logged.match(message).hasMatch())
+            continue;
+        message.replace(u'…', u'7');
+        const QString row = helpMessageSection(QStringLiteral("body.txt\n") + message);
+        QVERIFY2(!row.isEmpty() && !rows.contains(row), qPrintable(message));
+        rows.append(row);
+    }
+    QVERIFY(rows.size() > 30);
+}
+
+void HelpPagesTest::firstMessageOfATextCounts()
+{
+    const QString range = helpMessageSection(QStringLiteral("Číslo je mimo rozsah: 99999999999"));
+    QCOMPARE(range, QStringLiteral("cislo-je-mimo-rozsah"));
+    QCOMPARE(helpMessageSection(QStringLiteral("Řádek 3: Číslo je mimo rozsah: 1E+40\n\n"
+                                               "V seznamu jsou jen zdroje načtené před chybou.")),
+        range);
+    QCOMPARE(helpMessageSection(QStringLiteral("Soubor již existuje.")), QString());
+    QCOMPARE(helpMessageSection(QString()), QString());
 }
 
 void HelpPagesTest::everyPageButTheContentsHasKeywords()
