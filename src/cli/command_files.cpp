@@ -241,8 +241,9 @@ std::vector<CLI::Option*> addInventoryArguments(
 void addForceOption(CLI::App& command, const CommandContext& context, bool& force)
 {
     command.add_flag("--force", force,
-        context.text("Smí přepsat soubory, které už jsou; jejich kopie vypíše příkaz restore.",
-            "May replace files that are there; the command restore lists their copies."));
+        context.text(
+            "Smí přepsat soubory, které už jsou; jejich kopie (z posledních deseti uložení) vypíše příkaz restore.",
+            "May replace files that are there; the command restore lists their copies (of the last ten saves)."));
 }
 
 void addLossOption(CLI::App& command, const CommandContext& context, bool& acceptLosses)

@@ -7,6 +7,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace korvex {
 
@@ -16,7 +17,11 @@ using Json = nlohmann::ordered_json;
 /// With what was found in the data. A path may hold bytes that are no text; they must not stop the answer.
 inline void writeJson(CommandContext& context, Json json)
 {
+    // An answer with a list of its own has them there.
+    const bool isListed = json.contains("findings");
     for (const ToldFinding& finding : context.findings) {
+        if (isListed)
+            break;
         Json told = Json::object();
         if (!finding.file.empty())
             told["file"] = finding.file;
@@ -25,7 +30,7 @@ inline void writeJson(CommandContext& context, Json json)
         if (!finding.number.empty())
             told["number"] = finding.number;
         told["text"] = finding.text;
-        json["findings"].push_back(told);
+        json["findings"].push_back(std::move(told));
     }
     context.hasAnswered = true;
     context.out << json.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
