@@ -72,7 +72,21 @@ bool hasFolders(CommandContext& context, const std::vector<std::string>& paths)
     return true;
 }
 
-void restore(CommandContext& context, const SafetyCopy& copy, bool force)
+/// The copy made of what was replaced may have pushed out others.
+void sayDropped(CommandContext& context, const std::vector<SafetyCopy>& before)
+{
+    const Result<SafetyCopyList> after = safetyCopiesIn(stateFolder());
+    if (!after.ok())
+        return;
+    for (const SafetyCopy& copy : before) {
+        const auto& kept = after.value().copies;
+        if (std::none_of(kept.begin(), kept.end(), [&](const SafetyCopy& other) { return other.name == copy.name; }))
+            context.err << context.text("Nejstarší kopie ustoupila nové: ", "The oldest copy gave way to the new one: ")
+                        << copy.name << '\n';
+    }
+}
+
+void restore(CommandContext& context, const SafetyCopy& copy, const std::vector<SafetyCopy>& all, bool force)
 {
     std::vector<std::string> paths;
     for (const CopiedFile& file : copy.files)
@@ -89,6 +103,7 @@ void restore(CommandContext& context, const SafetyCopy& copy, bool force)
         return;
     }
     context.hasWritten = true;
+    sayDropped(context, all);
     if (context.json) {
         writeJson(context, {{"restored", copy.name}, {"files", paths}});
         return;
@@ -126,7 +141,7 @@ void run(CommandContext& context, const RestoreArguments& arguments)
         context.fail(context.text("Taková kopie není: ", "There is no such copy: ")
             + quotedText(context.language, *arguments.name));
     else
-        restore(context, *chosen, arguments.force);
+        restore(context, *chosen, list.copies, arguments.force);
 }
 
 }  // namespace

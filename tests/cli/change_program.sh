@@ -281,6 +281,13 @@ sha256sum --quiet -c "$work/sums" || fail "the safety copy did not come back"
 run 0 restore latest --force
 ! sha256sum --status -c "$work/sums" || fail "what restore replaced was not kept"
 run 2 restore 2000-01-01_00-00-00_00
+for day in 01 02 03 04 05 06 07 08 09 10; do
+    mkdir "$work/state/korvexzdr/2000-01-${day}_00-00-00_00"
+    touch "$work/state/korvexzdr/2000-01-${day}_00-00-00_00/odkud.txt"
+done
+run 0 restore latest --force
+says err "Nejstarší kopie ustoupila nové: 2000-01-01_00-00-00_00"
+run 0 restore latest --force
 run 2 restore ""
 says err 'Taková kopie není: „“'
 mkdir "$work/state/korvexzdr/2999-01-01_00-00-00_00"
