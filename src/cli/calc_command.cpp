@@ -1,5 +1,6 @@
 #include "calc_command.h"
 
+#include "air_pressure.h"
 #include "command_context.h"
 #include "command_files.h"
 #include "json_output.h"
@@ -46,10 +47,9 @@ std::optional<CalcRequest> requestOf(CommandContext& context, const CalcArgument
 {
     CalcRequest request{quantityOf(arguments.quantity), 0.0F, {}};
     const std::optional<double> pressure = readPlainReal(arguments.pressure);
-    if (!pressure || *pressure < static_cast<double>(lowestPressure)
-        || *pressure > static_cast<double>(highestPressure)) {
-        context.fail(context.text("Tlak musí být číslo od 30000 do 120000 Pa, ne „",
-                         "The pressure has to be a number from 30000 to 120000 Pa, not \"")
+    if (!pressure || *pressure < lowestPressure || *pressure > highestPressure) {
+        context.fail(context.text("Tlak musí být číslo od 10000 do 200000 Pa, ne „",
+                         "The pressure has to be a number from 10000 to 200000 Pa, not \"")
             + arguments.pressure + context.text("“.", "\"."));
         return std::nullopt;
     }
@@ -67,11 +67,19 @@ std::optional<CalcRequest> requestOf(CommandContext& context, const CalcArgument
 std::string reasonOf(const CommandContext& context, const NotComputed& source)
 {
     const std::string name(sourceColumns[source.column].name);
-    if (source.reason == NotComputed::Reason::OutOfRange)
-        return context.text("výsledek ", "the result ") + name + context.text(" je mimo rozsah", " is out of range");
-    const bool isTemperature = source.column == column::Temperature;
-    return name + context.text(" je ", " is ") + source.value
-        + context.text(", musí být větší než ", ", it has to be above ") + (isTemperature ? "-273.15" : "0");
+    const std::string value = name + context.text(" je ", " is ") + source.value;
+    switch (source.reason) {
+    case NotComputed::Reason::TooCold:
+        return value + context.text(", musí být větší než -273.15", ", it has to be above -273.15");
+    case NotComputed::Reason::ZeroDivisor:
+        return value + context.text(", nelze jím dělit", ", there is no dividing by it");
+    case NotComputed::Reason::Negative:
+        return context.text("výsledek ", "the result ") + name + context.text(" by byl ", " would be ") + source.value;
+    case NotComputed::Reason::NoResult:
+        break;
+    }
+    return context.text("výsledek ", "the result ") + name
+        + context.text(" není, nebo je mimo rozsah", " does not exist or is out of range");
 }
 
 Json jsonOf(const CommandContext& context, const SourceSet& set, const Recalculation& result)
@@ -136,7 +144,9 @@ void run(CommandContext& context, const CalcArguments& arguments)
         context.err << context.text("Žádný zdroj k výpočtu.\n", "No source to compute.\n");
         context.outcome = Outcome::Findings;
     }
-    const bool writes = !arguments.dryRun && !result.computed.empty();
+    // In place only what changed is worth a safety copy.
+    const bool writes
+        = !arguments.dryRun && (arguments.output.paths.empty() ? !result.changed.empty() : !result.computed.empty());
     const auto isReplaced = [&](const FindingPlace& place) { return replaces(request->quantity, result, place); };
     if (writes
         && (!mayWrite(context, {&*inventory}, output, arguments.output, isReplaced)

@@ -1,5 +1,6 @@
 #include "check_command.h"
 
+#include "air_pressure.h"
 #include "check_report.h"
 #include "command_context.h"
 #include "inventory_check.h"
@@ -209,7 +210,7 @@ void addCheckCommand(CLI::App& app, CommandContext& context)
         ->add_option("--pressure", request.pressure,
             context.text("Tlak vzduchu v Pa, pro který platí Vs (výchozí 101325).",
                 "Air pressure in Pa that Vs belongs to (101325 by default)."))
-        ->check(CLI::Range(10000.0, 200000.0).description(""))
+        ->check(CLI::Range(lowestPressure, highestPressure).description(""))
         ->type_name("PA");
     command
         ->add_option("--max", options->most,

@@ -5,6 +5,7 @@ namespace korvex {
 void CommandContext::fail(std::string_view message)
 {
     err << "korvexzdr-cli: " << message << '\n';
+    failure = message;
     outcome = Outcome::CouldNotRun;
 }
 

@@ -3,6 +3,7 @@
 #include "code_page.h"
 #include "command_context.h"
 #include "message.h"
+#include "number_text.h"
 
 #include <CLI/CLI.hpp>
 
@@ -59,6 +60,10 @@ std::string textOf(const CommandContext& context, const FindingPlace& place, Loa
     case LoadFinding::LostComment:
         return context.text("poznámka ", "the comment ") + quotedText(context.language, place.before)
             + context.text(" by se ztratila", " would be lost");
+    case LoadFinding::DustNotGiven:
+        return context.text("k soupisu patří soubor s prachem, který nebyl uveden: ",
+                   "the inventory has a dust file that was not named: ")
+            + place.before + context.text("; uveďte jej, nebo --without-dust", "; name it, or --without-dust");
     case LoadFinding::MissingValue:
         return field + context.text("chybí hodnota, platí 0", "a value is missing, 0 holds");
     case LoadFinding::SurplusFields:
@@ -118,6 +123,7 @@ std::size_t sayFindings(
             continue;
         if (isLoss(place))
             ++losses;
+        context.tell({inventory.pathOf(place.file), place.line, place.number, textOf(context, place, use)});
         if (count++ < mostLines)
             context.err << inventory.pathOf(place.file) << ':' << place.line << ": " << textOf(context, place, use)
                         << '\n';
@@ -186,6 +192,13 @@ bool sortFiles(CommandContext& context, const CLI::App& command, std::vector<std
     return true;
 }
 
+void sayReplaced(CommandContext& context, const std::string& path)
+{
+    context.fail(
+        context.text("Výstup by přepsal vstup jiného druhu: ", "The output would replace an input of another kind: ")
+        + path);
+}
+
 /// An output in the place of an input of another kind is a slip of the hand, even with --force.
 bool crossesKinds(CommandContext& context, const SourceFiles& input, const SourceFiles& output)
 {
@@ -195,9 +208,7 @@ bool crossesKinds(CommandContext& context, const SourceFiles& input, const Sourc
         for (std::size_t j = 0; j < to.size(); ++j) {
             if (i == j || from[i]->empty() || to[j]->empty() || !isSameFile(*from[i], *to[j]))
                 continue;
-            context.fail(context.text("Výstup by přepsal vstup jiného druhu: ",
-                             "The output would replace an input of another kind: ")
-                + *to[j]);
+            sayReplaced(context, *to[j]);
             return true;
         }
     }
@@ -230,8 +241,9 @@ std::vector<CLI::Option*> addInventoryArguments(
 void addForceOption(CLI::App& command, const CommandContext& context, bool& force)
 {
     command.add_flag("--force", force,
-        context.text("Smí přepsat soubory, které už jsou; jejich kopie vypíše příkaz restore.",
-            "May replace files that are there; the command restore lists their copies."));
+        context.text(
+            "Smí přepsat soubory, které už jsou; jejich kopie (z posledních deseti uložení) vypíše příkaz restore.",
+            "May replace files that are there; the command restore lists their copies (of the last ten saves)."));
 }
 
 void addLossOption(CLI::App& command, const CommandContext& context, bool& acceptLosses)
@@ -346,6 +358,7 @@ std::optional<Inventory> load(CommandContext& context, const SourceFiles& files,
     const auto utf8 = std::find_if(
         findings.begin(), findings.end(), [](const FindingPlace& place) { return place.finding == LoadFinding::Utf8; });
     if (utf8 != findings.end() && utf8Files == Utf8Files::Refuse) {
+        context.tell({loaded.value().pathOf(utf8->file), utf8->line, {}, textOf(context, *utf8, use)});
         context.fail(loaded.value().pathOf(utf8->file) + ':' + numberOf(utf8->line) + ": " + textOf(context, *utf8, use)
             + context.text(". Převést je umí třeba iconv -f UTF-8 -t WINDOWS-1250.",
                 ". Convert them, for instance with iconv -f UTF-8 -t WINDOWS-1250."));
@@ -367,6 +380,19 @@ bool mayLose(CommandContext& context, const Inventory& inventory, bool acceptLos
     return false;
 }
 
+bool replacesInput(CommandContext& context, const SourceFiles& input, const std::vector<std::string>& paths)
+{
+    const std::vector<std::string> inputs = pathsOf(input);
+    const auto isInput = [&inputs](const std::string& path) {
+        return std::any_of(
+            inputs.begin(), inputs.end(), [&path](const std::string& given) { return isSameFile(given, path); });
+    };
+    const auto replaced = std::find_if(paths.begin(), paths.end(), isInput);
+    if (replaced != paths.end())
+        sayReplaced(context, *replaced);
+    return replaced != paths.end();
+}
+
 bool mayOverwrite(CommandContext& context, const std::vector<std::string>& paths, bool force)
 {
     if (force)
@@ -384,7 +410,8 @@ bool mayWrite(CommandContext& context, const std::vector<const Inventory*>& inpu
     const OutputArguments& arguments, const IsOnPurpose& isOnPurpose)
 {
     const auto isMeant = [&](const FindingPlace& place) {
-        return (arguments.withoutDust && place.file == DataFile::Dust) || (isOnPurpose && isOnPurpose(place));
+        const bool isDust = place.file == DataFile::Dust || place.finding == LoadFinding::DustNotGiven;
+        return (arguments.withoutDust && isDust) || (isOnPurpose && isOnPurpose(place));
     };
     bool hasDust = false;
     bool mayBeWritten = true;
@@ -424,6 +451,8 @@ bool write(CommandContext& context, const SourceFiles& files, const std::string&
         context.err << context.text("zdroj ", "source ") << set.at(distortions[i].position).ICZ() << ' '
                     << textOf(context, distortions[i].kind) << '\n';
     }
+    for (const Distortion& distortion : distortions)
+        context.tell({{}, 0, integerText(set.at(distortion.position).ICZ()), textOf(context, distortion.kind)});
     sayMore(context, distortions.size());
     if (!distortions.empty()) {
         if (!arguments.acceptLosses) {
@@ -436,6 +465,7 @@ bool write(CommandContext& context, const SourceFiles& files, const std::string&
     const Result<SaveReport> written = writeInventory(files, comment, set);
     if (!written.ok())
         context.fail(written.error());
+    context.hasWritten = written.ok();
     return written.ok();
 }
 

@@ -83,6 +83,9 @@ using IsOnPurpose = std::function<bool(const FindingPlace&)>;
 /// on.
 [[nodiscard]] bool mayLose(
     CommandContext& context, const Inventory& inventory, bool acceptLosses, const IsOnPurpose& isOnPurpose = {});
+/// Whether a file of an inventory would be lost to one of these, which are of another kind. Says which.
+[[nodiscard]] bool replacesInput(
+    CommandContext& context, const SourceFiles& input, const std::vector<std::string>& paths);
 /// Whether these files may be written. Says why not.
 [[nodiscard]] bool mayOverwrite(CommandContext& context, const std::vector<std::string>& paths, bool force);
 /// Whether an inventory made of these may be written to these files: as many as there are to write, each over none of

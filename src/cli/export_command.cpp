@@ -92,6 +92,12 @@ std::vector<Replacement> replacementsOf(
     return replacements;
 }
 
+/// Nothing comes of it: the files of the inventory stay as they are.
+bool isDustNotGiven(const FindingPlace& place)
+{
+    return place.finding == LoadFinding::DustNotGiven;
+}
+
 /// Writes what goes to the standard output there, and takes it out.
 void print(CommandContext& context, std::vector<Replacement>& replacements)
 {
@@ -110,8 +116,8 @@ void run(CommandContext& context, const ExportArguments& arguments)
     const std::vector<std::string> paths = pathsOf(arguments);
     const std::optional<Inventory> inventory = load(context, arguments.input.files(), LoadFor::Writing,
         arguments.acceptLosses ? Utf8Files::Accept : Utf8Files::Refuse);
-    if (!inventory || !mayLose(context, *inventory, arguments.acceptLosses)
-        || !mayOverwrite(context, paths, arguments.force))
+    if (!inventory || !mayLose(context, *inventory, arguments.acceptLosses, isDustNotGiven)
+        || replacesInput(context, inventory->files, paths) || !mayOverwrite(context, paths, arguments.force))
         return;
     if (!arguments.csv.empty() && inventory->set.empty() && !inventory->comment.empty())
         context.err << context.text("Soupis bez zdrojů: jeho poznámka v CSV nebude.\n",
@@ -125,6 +131,7 @@ void run(CommandContext& context, const ExportArguments& arguments)
         context.fail(written.error());
         return;
     }
+    context.hasWritten = !paths.empty();
     if (context.json)
         writeJson(context, {{"written", inventory->set.size()}, {"files", paths}});
     else if (!isPrinted)

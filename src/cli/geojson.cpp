@@ -69,6 +69,8 @@ std::optional<std::string> coordinateSystemName(std::string_view text)
     const std::string_view code = text.substr(authority.size());
     if (!std::all_of(code.begin(), code.end(), [](char c) { return c >= '0' && c <= '9'; }))
         return std::nullopt;
+    if (code.find_first_not_of('0') == std::string_view::npos)
+        return std::nullopt;
     return "urn:ogc:def:crs:EPSG::" + std::string(code);
 }
 

@@ -1,6 +1,7 @@
 #include "inventory.h"
 
 #include "code_page.h"
+#include "file_lines.h"
 #include "load_findings.h"
 #include "safety_copies.h"
 #include "source_editor.h"
@@ -111,6 +112,24 @@ Result<Inventory> loadInventory(const SourceFiles& files, LoadFor use)
     if (!searched.ok())
         return searched.error();
     return inventory;
+}
+
+Result<std::vector<std::size_t>> pointsLines(const Inventory& inventory)
+{
+    std::vector<std::size_t> unknown;
+    for (const FindingPlace& place : inventory.findings) {
+        if (place.finding == LoadFinding::UnknownType)
+            unknown.push_back(place.line);
+    }
+    std::vector<std::size_t> lines{0};
+    const Result<void> read = forEachLine(inventory.files.points, [&](const TextLine& line) -> Result<void> {
+        if (!isCommentLine(line.bytes) && !std::binary_search(unknown.begin(), unknown.end(), line.number))
+            lines.push_back(line.number);
+        return {};
+    });
+    if (!read.ok())
+        return read.error();
+    return lines;
 }
 
 std::vector<Distortion> distortionsBySaving(const SourceSet& set, bool withDust)

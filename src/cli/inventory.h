@@ -29,7 +29,8 @@ enum class LoadFinding {
     MissingDust,         // a points record without dust: it is that of a new source
     NotTaken,            // a description or dust record without a points record, or the second of its number
     // The rest only when loaded for writing.
-    LostComment,  // a comment line that no save writes again
+    LostComment,   // a comment line that no save writes again
+    DustNotGiven,  // a header that names a dust file, of an inventory loaded without one
     ChangedValue,
     MissingValue,
     SurplusFields,
@@ -61,6 +62,9 @@ struct Inventory {
 
 /// What the loader passes over is looked for in a second pass over the files.
 [[nodiscard]] Result<Inventory> loadInventory(const SourceFiles& files, LoadFor use);
+
+/// The lines in the points file by position in the set, the first at 1; read again, for few need them.
+[[nodiscard]] Result<std::vector<std::size_t>> pointsLines(const Inventory& inventory);
 
 /// A source that the next load would not read as it is now.
 struct Distortion {

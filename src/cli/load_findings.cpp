@@ -120,11 +120,13 @@ LoadFinding findingOf(RecordLoss loss)
     return LoadFinding::ChangedDust;
 }
 
+constexpr std::string_view dustFileTitle = "Soubor s prachem:";
+
 /// The text of a comment line that a save writes anew, whatever stood there.
 bool isHeaderText(std::string_view text)
 {
-    constexpr std::array<std::string_view, 6> beginnings{"SOUBOR S BODY", "SOUBOR S POPISEM", "SOUBOR S PRACHEM",
-        "Soubor s body:", "Soubor s popisem:", "Soubor s prachem:"};
+    constexpr std::array<std::string_view, 6> beginnings{
+        "SOUBOR S BODY", "SOUBOR S POPISEM", "SOUBOR S PRACHEM", "Soubor s body:", "Soubor s popisem:", dustFileTitle};
     return std::any_of(beginnings.begin(), beginnings.end(),
         [text](std::string_view beginning) { return text.substr(0, beginning.size()) == beginning; });
 }
@@ -234,9 +236,20 @@ private:
         std::string_view text = trimBlanks(line.bytes);
         if (!text.empty())
             text = trimBlanks(text.substr(1));
+        if (!m_inventory.hasDust() && text.substr(0, dustFileTitle.size()) == dustFileTitle)
+            checkDustFile(file, line.number, trimBlanks(text.substr(dustFileTitle.size())));
         if (!text.empty() && text != m_comment && !isHeaderText(text))
             m_inventory.findings.push_back(
                 {LoadFinding::LostComment, file, line.number, {}, 0, 0, decodeCodePage(text), {}});
+    }
+
+    /// Both files name it; once is enough.
+    void checkDustFile(DataFile file, std::size_t line, std::string_view path)
+    {
+        if (path.empty() || m_namesDustFile)
+            return;
+        m_inventory.findings.push_back({LoadFinding::DustNotGiven, file, line, {}, 0, 0, decodeCodePage(path), {}});
+        m_namesDustFile = true;
     }
 
     void addDifferences(
@@ -263,6 +276,7 @@ private:
     const LoadReport& m_report;
     LoadFor m_use;
     std::string m_comment;
+    bool m_namesDustFile = false;
     RecordComparison m_comparison;
 };
 

@@ -56,46 +56,145 @@ std::optional<std::vector<Inventory>> loadAll(CommandContext& context, const Mer
 }
 
 /// What was done with a source whose number another one has.
-std::string outcomeOf(const CommandContext& context, OnConflict onConflict, const MergeConflict& conflict)
+std::string outcomeOf(const CommandContext& context, const MergeConflict& conflict)
 {
-    const std::string difference
-        = context.text(" je v dřívějším soupisu jiný", " is another one in an earlier inventory");
-    switch (onConflict) {
-    case OnConflict::Keep:
-        return difference + context.text(", zůstává dřívější", "; the earlier one stays");
-    case OnConflict::Replace:
-        return difference + context.text(", nahradil jej", "; it took the place of that one");
-    case OnConflict::Renumber:
-        return difference + context.text(", dostal číslo ", "; it got the number ") + integerText(conflict.newNumber);
-    case OnConflict::Fail:
+    switch (conflict.outcome) {
+    case MergeConflict::Outcome::LeftOut:
+        return context.text(", zůstává dřívější", "; the earlier one stays");
+    case MergeConflict::Outcome::Replaced:
+        return context.text(", nahradil jej", "; it took the place of that one");
+    case MergeConflict::Outcome::Added:
+        return context.text(", přibyl k němu", "; it was added to that one");
+    case MergeConflict::Outcome::Renumbered:
+        return context.text(", dostal číslo ", "; it got the number ") + integerText(conflict.newNumber);
+    case MergeConflict::Outcome::Refused:
         break;
     }
-    return difference;
+    return {};
 }
 
-/// Conflicts go to the error output: they are what the user has to look at.
-void sayConflicts(
-    CommandContext& context, OnConflict onConflict, const Merge& merge, const std::vector<Inventory>& inventories)
+/// For programs.
+const char* nameOf(MergeConflict::Outcome outcome)
 {
-    for (const MergeConflict& conflict : merge.conflicts) {
-        context.err << inventories[conflict.inventory].files.points << ": " << context.text("zdroj ", "source ")
-                    << conflict.number << outcomeOf(context, onConflict, conflict) << '\n';
+    switch (outcome) {
+    case MergeConflict::Outcome::LeftOut:
+        return "left out";
+    case MergeConflict::Outcome::Replaced:
+        return "replaced";
+    case MergeConflict::Outcome::Added:
+        return "added";
+    case MergeConflict::Outcome::Renumbered:
+        return "renumbered";
+    case MergeConflict::Outcome::Refused:
+        break;
     }
+    return "refused";
 }
 
-Json jsonOf(const Merge& merge, const std::vector<Inventory>& inventories, const SourceFiles& output)
+/// The lines of all points records; only a conflict needs them.
+std::optional<std::vector<std::vector<std::size_t>>> linesOf(
+    CommandContext& context, const Merge& merge, const std::vector<Inventory>& inventories)
+{
+    std::vector<std::vector<std::size_t>> lines(inventories.size());
+    for (std::size_t i = 0; !merge.conflicts.empty() && i < inventories.size(); ++i) {
+        Result<std::vector<std::size_t>> read = pointsLines(inventories[i]);
+        if (!read.ok()) {
+            context.fail(read.error());
+            return std::nullopt;
+        }
+        lines[i] = std::move(read.value());
+    }
+    return lines;
+}
+
+/// How the conflicts are told: by file and line.
+class ConflictReport {
+public:
+    ConflictReport(const std::vector<Inventory>& inventories, std::vector<std::vector<std::size_t>> lines)
+        : m_inventories(inventories), m_lines(std::move(lines))
+    {
+    }
+
+    /// On the error output: they are what the user has to look at.
+    void say(CommandContext& context, const MergeConflict& conflict) const
+    {
+        context.err << placeOf(conflict.later) << ": " << context.text("zdroj ", "source ") << conflict.number
+                    << context.text(" je v dřívějším soupisu jiný (", " is another one in an earlier inventory (")
+                    << placeOf(conflict.earlier) << ')' << outcomeOf(context, conflict) << '\n';
+    }
+
+    [[nodiscard]] Json json(const MergeConflict& conflict) const
+    {
+        return {{"file", fileOf(conflict.later)}, {"line", lineOf(conflict.later)}, {"number", conflict.number},
+            {"newNumber", conflict.newNumber}, {"outcome", nameOf(conflict.outcome)},
+            {"earlierFile", fileOf(conflict.earlier)}, {"earlierLine", lineOf(conflict.earlier)}};
+    }
+
+private:
+    [[nodiscard]] const std::string& fileOf(SourceOrigin origin) const
+    {
+        return m_inventories[origin.inventory].files.points;
+    }
+    [[nodiscard]] std::size_t lineOf(SourceOrigin origin) const
+    {
+        return m_lines[origin.inventory].at(origin.position);
+    }
+    [[nodiscard]] std::string placeOf(SourceOrigin origin) const
+    {
+        TextOutput place;
+        place << fileOf(origin) << ':' << lineOf(origin);
+        return place.text();
+    }
+
+    const std::vector<Inventory>& m_inventories;
+    std::vector<std::vector<std::size_t>> m_lines;
+};
+
+Json jsonOf(
+    const Merge& merge, std::size_t written, const std::vector<std::string>& paths, const ConflictReport& report)
 {
     Json json;
-    json["written"] = merge.set.size();
-    json["files"] = pathsOf(output);
+    json["written"] = written;
+    json["files"] = paths;
     json["comment"] = merge.comment;
     json["identical"] = merge.taken;
     json["conflicts"] = Json::array();
-    for (const MergeConflict& conflict : merge.conflicts) {
-        json["conflicts"].push_back({{"file", inventories[conflict.inventory].files.points},
-            {"number", conflict.number}, {"newNumber", conflict.newNumber}});
-    }
+    for (const MergeConflict& conflict : merge.conflicts)
+        json["conflicts"].push_back(report.json(conflict));
     return json;
+}
+
+/// Whether there is something to write. Says why not, to programs as well.
+bool isSolved(CommandContext& context, OnConflict onConflict, const Merge& merge, const ConflictReport& report)
+{
+    if (onConflict == OnConflict::Fail && !merge.conflicts.empty())
+        context.fail(context.text("Soupisy mají táž čísla; nic se nezapsalo. Co s nimi, řekne --on-conflict.",
+            "The inventories share numbers; nothing was written. --on-conflict says what to do."));
+    else if (merge.numbersRanOut)
+        context.fail(
+            context.text("Nezbylo volné číslo o nejvýše 9 číslicích.", "No number of up to 9 digits is left."));
+    else
+        return true;
+    if (context.json) {
+        Json json = jsonOf(merge, 0, {}, report);
+        json["error"] = context.failure;
+        writeJson(context, json);
+    }
+    return false;
+}
+
+/// As a single source without a dust record: no loss, but something comes into being.
+void sayInventedDust(CommandContext& context, const std::vector<Inventory>& inventories)
+{
+    for (const Inventory& inventory : inventories) {
+        if (inventory.hasDust())
+            continue;
+        const std::string text = context.text("soupis nemá soubor s prachem, pro jeho zdroje platí 0,0,0",
+            "the inventory has no dust file, 0,0,0 holds for its sources");
+        context.err << inventory.files.points << ": " << text << '\n';
+        context.tell({inventory.files.points, 0, {}, text});
+        context.outcome = Outcome::Findings;
+    }
 }
 
 void run(CommandContext& context, const MergeArguments& arguments)
@@ -112,24 +211,23 @@ void run(CommandContext& context, const MergeArguments& arguments)
 
     const OnConflict onConflict = onConflictOf(arguments.onConflict);
     Merge merge = mergeInventories(*inventories, onConflict);
-    sayConflicts(context, merge.numbersRanOut ? OnConflict::Fail : onConflict, merge, *inventories);
-    if (onConflict == OnConflict::Fail && !merge.conflicts.empty()) {
-        context.fail(context.text("Soupisy mají táž čísla; nic se nezapsalo. Co s nimi, řekne --on-conflict.",
-            "The inventories share numbers; nothing was written. --on-conflict says what to do."));
+    auto lines = linesOf(context, merge, *inventories);
+    if (!lines)
         return;
-    }
-    if (merge.numbersRanOut) {
-        context.fail(
-            context.text("Nezbylo volné číslo o nejvýše 9 číslicích.", "No number of up to 9 digits is left."));
+    const ConflictReport report(*inventories, std::move(*lines));
+    for (const MergeConflict& conflict : merge.conflicts)
+        report.say(context, conflict);
+    if (!isSolved(context, onConflict, merge, report))
         return;
-    }
     if (arguments.sort)
         sortByNumber(merge.set);
     merge.comment = arguments.comment.value_or(merge.comment);
+    if (!output.dust.empty())
+        sayInventedDust(context, *inventories);
     if (!write(context, output, merge.comment, merge.set, arguments.output))
         return;
     if (context.json) {
-        writeJson(context, jsonOf(merge, *inventories, output));
+        writeJson(context, jsonOf(merge, merge.set.size(), pathsOf(output), report));
         return;
     }
     sayWritten(context, merge.set.size(), pathsOf(output));

@@ -17,14 +17,23 @@ struct Inventory;
 enum class OnConflict {
     Fail,
     Keep,      // the earlier one stays, the later one is left out
-    Replace,   // the later one takes the place of the earlier one
+    Replace,   // the later one takes the place of one earlier one, each of another; what is left over is added
     Renumber,  // the later one gets a number behind all others
 };
 
+/// Where a source comes from.
+struct SourceOrigin {
+    std::uint32_t inventory;  // index
+    std::uint32_t position;   // in its set
+};
+
 struct MergeConflict {
-    std::size_t inventory;  // index of the later one
+    enum class Outcome { Refused, LeftOut, Replaced, Added, Renumbered };
+    SourceOrigin later;
+    SourceOrigin earlier;  // the one that is replaced; else the first of the number
     std::int32_t number;
     std::int32_t newNumber;  // as number unless it was renumbered
+    Outcome outcome;
 };
 
 struct Merge {

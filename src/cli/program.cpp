@@ -2,6 +2,7 @@
 
 #include "arithmetic_fault.h"
 #include "complaint.h"
+#include "json_output.h"
 
 #include <CLI/CLI.hpp>
 
@@ -76,6 +77,7 @@ int parseAndRun(CLI::App& app, CommandContext& context, std::span<const char* co
     } catch (const CLI::ParseError& error) {
         return complain(app, context, error);
     }
+    writeRefusal(context);
     return static_cast<int>(context.outcome);
 }
 
@@ -144,7 +146,9 @@ int runApp(CLI::App& app, CommandContext& context, std::span<const char* const> 
     }
     context.out.flush();
     if (context.out.failed()) {
-        context.fail(context.text("Výstup nelze zapsat.", "The output cannot be written."));
+        context.fail(context.hasWritten ? context.text("Výstup nelze zapsat; soubory se zapsaly.",
+                         "The output cannot be written; the files were written.")
+                                        : context.text("Výstup nelze zapsat.", "The output cannot be written."));
         exitCode = static_cast<int>(Outcome::CouldNotRun);
     }
     return exitCode;

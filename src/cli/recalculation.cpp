@@ -32,20 +32,19 @@ public:
     void compute(SourceSet& set, std::size_t position)
     {
         cZdroje& source = set.at(position);
-        if (const std::optional<std::int32_t> index = impossibleInput(source)) {
-            m_result.notComputed.push_back(
-                {position, NotComputed::Reason::TooSmall, columnOf(*index), singleText(source.Parameters(*index))});
+        if (const std::optional<NotComputed> reason = impossibleInput(source, position)) {
+            m_result.notComputed.push_back(*reason);
             return;
         }
         Recalculated recalculated{position, {}};
         try {
             if (m_quantity == Quantity::XY)
                 computeMidpoint(source, recalculated.changes);
-            else
-                computeGas(source, recalculated.changes);
+            else if (!computeGas(source, position, recalculated.changes))
+                return;
         } catch (const ArithmeticFault&) {
             const std::size_t column = m_quantity == Quantity::XY ? std::size_t{column::X} : columnOf(result());
-            m_result.notComputed.push_back({position, NotComputed::Reason::OutOfRange, column, {}});
+            m_result.notComputed.push_back({position, NotComputed::Reason::NoResult, column, {}});
             return;
         }
         m_result.computed.push_back(position);
@@ -69,16 +68,19 @@ private:
         return columnOfParameter(cBodovyZdroj, static_cast<std::size_t>(index), {});
     }
 
-    /// The index of a parameter with which there is no sensible result.
-    [[nodiscard]] std::optional<std::int32_t> impossibleInput(const cZdroje& source) const
+    /// What there is no sensible result of; Vs is not divided by anything.
+    [[nodiscard]] std::optional<NotComputed> impossibleInput(const cZdroje& source, std::size_t position) const
     {
         if (m_quantity == Quantity::XY)
             return std::nullopt;
-        for (const std::int32_t index : {indexTs, indexVs, indexD, indexW0}) {
-            const float smallest = index == indexTs ? absoluteZero : 0.0F;
-            if (index != result() && !(source.Parameters(index) > smallest))
-                return index;
-        }
+        const auto blame = [&](NotComputed::Reason reason, std::int32_t index) {
+            return NotComputed{position, reason, columnOf(index), singleText(source.Parameters(index))};
+        };
+        if (!(source.Parameters(indexTs) > absoluteZero))
+            return blame(NotComputed::Reason::TooCold, indexTs);
+        const std::int32_t divisor = m_quantity == Quantity::d ? indexW0 : indexD;
+        if (m_quantity != Quantity::Vs && source.Parameters(divisor) == 0.0F)
+            return blame(NotComputed::Reason::ZeroDivisor, divisor);
         return std::nullopt;
     }
 
@@ -93,7 +95,8 @@ private:
         source.Y(y);
     }
 
-    void computeGas(cZdroje& source, std::vector<ValueChange>& changes) const
+    /// False when the result is none that the source could be given.
+    [[nodiscard]] bool computeGas(cZdroje& source, std::size_t position, std::vector<ValueChange>& changes)
     {
         const float ts = source.Parameters(indexTs);
         const float Vs = source.Parameters(indexVs);
@@ -102,10 +105,14 @@ private:
         const float value = m_quantity == Quantity::Vs ? m_stackGas.CalcVs(ts, d, w0, m_pressure)
             : m_quantity == Quantity::d                ? m_stackGas.CalcD(ts, Vs, w0, m_pressure)
                                                        : m_stackGas.CalcW0(ts, Vs, d, m_pressure);
-        if (!(value > 0.0F))
-            throw ArithmeticFault(FaultKind::Overflow, {});
+        if (value < 0.0F) {
+            m_result.notComputed.push_back(
+                {position, NotComputed::Reason::Negative, columnOf(result()), singleText(value)});
+            return false;
+        }
         note(changes, columnOf(result()), singleText(source.Parameters(result())), singleText(value));
         source.Parameters(result(), value);
+        return true;
     }
 
     static void note(std::vector<ValueChange>& changes, std::size_t column, std::string before, std::string after)

@@ -25,13 +25,15 @@ struct Recalculated {
 /// A source that keeps its values.
 struct NotComputed {
     enum class Reason {
-        TooSmall,    // a value that the result is made of: there is no stack with such a one
-        OutOfRange,  // the result, for the files or for a 32-bit number
+        TooCold,      // ts at or below absoluteZero
+        ZeroDivisor,  // d or w0, by which the result would have to be divided
+        Negative,     // the result
+        NoResult,     // none, or one out of range for the files or for a 32-bit number
     };
     std::size_t position;
     Reason reason;
-    std::size_t column;  // column::Index of that value
-    std::string value;   // empty for a result, of which there is none
+    std::size_t column;  // column::Index of the value to blame, or of the result
+    std::string value;   // empty for a result that there is not
 };
 
 struct Recalculation {
@@ -40,15 +42,12 @@ struct Recalculation {
     std::vector<NotComputed> notComputed;
 };
 
-/// The air pressures that are somewhere on the ground, in Pa; a number beyond them is most likely of another unit.
-inline constexpr float lowestPressure = 30000.0F;
-inline constexpr float highestPressure = 120000.0F;
 /// At or below it there is no gas.
 inline constexpr float absoluteZero = -273.15F;
 
 /// Vs, d and w0 of stacks, X and Y of segments; sources of other types are passed over. pressure acts on all three gas
-/// quantities. numbers: empty for all. The window computes whatever the formulas give; here a result has to be
-/// possible, that is made of a ts above absoluteZero and of other values above 0.
+/// quantities. numbers: empty for all. What the window computes is computed here; only a result that no stack can have,
+/// negative or made of a ts at or below absoluteZero, is not taken.
 [[nodiscard]] Recalculation recalculate(
     SourceSet& set, Quantity quantity, float pressure, const std::vector<NumberRange>& numbers);
 

@@ -77,6 +77,14 @@ Json jsonOf(const Renumbering& plan, std::size_t written, const std::vector<std:
     return json;
 }
 
+Json refusalOf(const CommandContext& context, const Renumbering& plan)
+{
+    Json json{{"written", 0}, {"files", Json::array()}, {"error", context.failure}, {"clashes", Json::array()}};
+    for (const NumberChange& clash : plan.clashes)
+        json["clashes"].push_back({{"old", clash.before}, {"new", clash.after}});
+    return json;
+}
+
 void run(CommandContext& context, const RenumberArguments& arguments)
 {
     const std::optional<RenumberRequest> request = requestOf(context, arguments);
@@ -93,8 +101,11 @@ void run(CommandContext& context, const RenumberArguments& arguments)
     if (!inventory || !mayWrite(context, {&*inventory}, output, arguments.output))
         return;
     const Renumbering plan = planRenumbering(inventory->set, *request);
-    if (!isPossible(context, plan))
+    if (!isPossible(context, plan)) {
+        if (context.json)
+            writeJson(context, refusalOf(context, plan));
         return;
+    }
     if (plan.changes.empty()) {
         context.err << context.text("Žádný zdroj nemá uvedené číslo, nic se nezapsalo.\n",
             "No source has such a number, nothing was written.\n");
@@ -142,9 +153,9 @@ void addRenumberCommand(CLI::App& app, CommandContext& context)
     addOutputOptions(*command, context, arguments->output, inputs);
     command->footer(
         context.text("Názvy zůstanou. Zdroje o stejném čísle dostanou každý své.\n"
-                     "Příklad: korvexzdr-cli renumber body.txt popis.txt --from 201-212 --start 301 -o b.txt p.txt",
+                     "Příklad: korvexzdr-cli renumber body.txt popis.txt prach.txt --start 301 -o b.txt p.txt d.txt",
             "Names stay. Sources that share a number get one each.\n"
-            "Example: korvexzdr-cli renumber body.txt popis.txt --from 201-212 --start 301 -o b.txt p.txt"));
+            "Example: korvexzdr-cli renumber body.txt popis.txt prach.txt --start 301 -o b.txt p.txt d.txt"));
     command->callback([&context, arguments, command] {
         if (sortFiles(context, *command, arguments->input, arguments->output))
             run(context, *arguments);

@@ -3,14 +3,18 @@
 #include "command_context.h"
 #include "command_files.h"
 #include "json_output.h"
+#include "message.h"
 #include "safety_copy_list.h"
 #include "state_folder.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
+#include <system_error>
 #include <vector>
 
 namespace korvex {
@@ -18,7 +22,7 @@ namespace korvex {
 namespace {
 
 struct RestoreArguments {
-    std::string name;
+    std::optional<std::string> name;
     bool force = false;
 };
 
@@ -31,7 +35,7 @@ Json jsonOf(const SafetyCopy& copy)
     return json;
 }
 
-void list(CommandContext& context, const std::vector<SafetyCopy>& copies)
+void print(CommandContext& context, const std::vector<SafetyCopy>& copies)
 {
     if (context.json) {
         Json json = Json::array();
@@ -53,7 +57,36 @@ void list(CommandContext& context, const std::vector<SafetyCopy>& copies)
     context.out << context.text("Bezpečnostní kopie: ", "Safety copies: ") << copies.size() << '\n';
 }
 
-void restore(CommandContext& context, const SafetyCopy& copy, bool force)
+/// What is there has been cleared away, perhaps on purpose: the folder is the user's to make.
+bool hasFolders(CommandContext& context, const std::vector<std::string>& paths)
+{
+    for (const std::string& path : paths) {
+        const std::filesystem::path folder = std::filesystem::path(path).parent_path();
+        std::error_code error;
+        if (std::filesystem::is_directory(folder, error))
+            continue;
+        context.fail(context.text("Složka, kam se má vrátit, chybí: ", "The folder to bring it back to is missing: ")
+            + folder.string());
+        return false;
+    }
+    return true;
+}
+
+/// The copy made of what was replaced may have pushed out others.
+void sayDropped(CommandContext& context, const std::vector<SafetyCopy>& before)
+{
+    const Result<SafetyCopyList> after = safetyCopiesIn(stateFolder());
+    if (!after.ok())
+        return;
+    for (const SafetyCopy& copy : before) {
+        const auto& kept = after.value().copies;
+        if (std::none_of(kept.begin(), kept.end(), [&](const SafetyCopy& other) { return other.name == copy.name; }))
+            context.err << context.text("Nejstarší kopie ustoupila nové: ", "The oldest copy gave way to the new one: ")
+                        << copy.name << '\n';
+    }
+}
+
+void restore(CommandContext& context, const SafetyCopy& copy, const std::vector<SafetyCopy>& all, bool force)
 {
     std::vector<std::string> paths;
     for (const CopiedFile& file : copy.files)
@@ -62,13 +95,15 @@ void restore(CommandContext& context, const SafetyCopy& copy, bool force)
         context.fail(context.text("V této kopii není žádný soubor: ", "There is no file in this copy: ") + copy.name);
         return;
     }
-    if (!mayOverwrite(context, paths, force))
+    if (!hasFolders(context, paths) || !mayOverwrite(context, paths, force))
         return;
     const Result<void> restored = restoreFiles(copy, safetyCopies());
     if (!restored.ok()) {
         context.fail(restored.error());
         return;
     }
+    context.hasWritten = true;
+    sayDropped(context, all);
     if (context.json) {
         writeJson(context, {{"restored", copy.name}, {"files", paths}});
         return;
@@ -80,23 +115,33 @@ void restore(CommandContext& context, const SafetyCopy& copy, bool force)
 
 void run(CommandContext& context, const RestoreArguments& arguments)
 {
-    const Result<std::vector<SafetyCopy>> found = safetyCopiesIn(stateFolder());
+    const Result<SafetyCopyList> found = safetyCopiesIn(stateFolder());
     if (!found.ok()) {
         context.fail(found.error());
         return;
     }
-    const std::vector<SafetyCopy>& copies = found.value();
-    if (arguments.name.empty()) {
-        list(context, copies);
+    const SafetyCopyList& list = found.value();
+    for (const DamagedCopy& copy : list.damaged)
+        context.err << copy.error.path << ": "
+                    << context.text(
+                           "kopii nelze číst, přeskočila se\n", "the copy cannot be read, it was passed over\n");
+    if (!arguments.name) {
+        print(context, list.copies);
         return;
     }
-    const bool wantsLatest = arguments.name == "latest";
-    const auto chosen = std::find_if(copies.begin(), copies.end(),
-        [&](const SafetyCopy& copy) { return wantsLatest || copy.name == arguments.name; });
-    if (chosen == copies.end())
-        context.fail(context.text("Taková kopie není: ", "There is no such copy: ") + arguments.name);
+    const bool wantsLatest = *arguments.name == "latest";
+    const auto chosen = std::find_if(list.copies.begin(), list.copies.end(),
+        [&](const SafetyCopy& copy) { return wantsLatest || copy.name == *arguments.name; });
+    const bool isLatestDamaged = wantsLatest && !list.damaged.empty()
+        && (chosen == list.copies.end() || list.damaged.front().name > chosen->name);
+    if (isLatestDamaged)
+        context.fail(context.text(
+            "Poslední kopii nelze číst; uveďte název jiné.", "The latest copy cannot be read; name another one."));
+    else if (chosen == list.copies.end())
+        context.fail(context.text("Taková kopie není: ", "There is no such copy: ")
+            + quotedText(context.language, *arguments.name));
     else
-        restore(context, *chosen, arguments.force);
+        restore(context, *chosen, list.copies, arguments.force);
 }
 
 }  // namespace
@@ -113,10 +158,13 @@ void addRestoreCommand(CLI::App& app, CommandContext& context)
                 "Which copy to bring back: its name, or latest. Without a name the copies are listed."))
         ->type_name("");
     addForceOption(*command, context, arguments->force);
-    command->footer(context.text("Co je na místě kopie, uloží se nejdřív jako další kopie.\n"
-                                 "Příklad: korvexzdr-cli restore latest --force",
-        "What is in the place of the copy is first kept as another copy.\n"
-        "Example: korvexzdr-cli restore latest --force"));
+    command->footer(
+        context.text("Co je na místě kopie, uloží se nejdřív jako další kopie. Zůstává jich deset ze všech uložení\n"
+                     "všech soupisů, pak nejstarší ustoupí; ta, která se vrací, nikdy.\n"
+                     "Příklad: korvexzdr-cli restore latest --force",
+            "What is in the place of the copy is first kept as another copy. Ten are kept of all saves of\n"
+            "all inventories, then the oldest gives way; the one that is brought back never does.\n"
+            "Example: korvexzdr-cli restore latest --force"));
     command->callback([&context, arguments] { run(context, *arguments); });
 }
 

@@ -56,28 +56,30 @@ std::string SafetyCopy::time() const
     return time;
 }
 
-Result<std::vector<SafetyCopy>> safetyCopiesIn(const std::string& folder)
+Result<SafetyCopyList> safetyCopiesIn(const std::string& folder)
 {
-    std::vector<SafetyCopy> copies;
+    SafetyCopyList list;
     std::error_code error;
     for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
         const std::string name = entry->path().filename().string();
         if (!SafetyCopies::isNameOfSave(name))
             continue;
         Result<std::vector<CopiedFile>> files = filesIn(entry->path());
-        if (!files.ok())
-            return files.error();
-        copies.push_back({name, std::move(files.value())});
+        if (files.ok())
+            list.copies.push_back({name, std::move(files.value())});
+        else
+            list.damaged.push_back({name, files.error()});
     }
     if (error && error != std::errc::no_such_file_or_directory)
         return systemError(FileStep::Open, folder, error.value());
-    std::sort(copies.begin(), copies.end(), [](const SafetyCopy& a, const SafetyCopy& b) { return a.name > b.name; });
-    return copies;
+    const auto isNewer = [](const auto& a, const auto& b) { return a.name > b.name; };
+    std::sort(list.copies.begin(), list.copies.end(), isNewer);
+    std::sort(list.damaged.begin(), list.damaged.end(), isNewer);
+    return list;
 }
 
 Result<void> restoreFiles(const SafetyCopy& copy, const SafetyCopies& copies)
 {
-    // All are read before anything is written: the copy that is made now may push this one out.
     std::vector<Replacement> replacements;
     for (const CopiedFile& file : copy.files) {
         Result<InputFile> opened = InputFile::open(file.copy, FileCalls::system());
@@ -90,7 +92,9 @@ Result<void> restoreFiles(const SafetyCopy& copy, const SafetyCopies& copies)
         replacement.bytes.room() += bytes.value().view();
         replacements.push_back(std::move(replacement));
     }
-    return replaceFiles(replacements, copies, FileCalls::system());
+    SafetyCopies others = copies;
+    others.spare(copy.name);
+    return replaceFiles(replacements, others, FileCalls::system());
 }
 
 }  // namespace korvex

@@ -26,8 +26,19 @@ struct SafetyCopy {
     [[nodiscard]] std::string time() const;
 };
 
-/// The newest first. No folder, no copies.
-[[nodiscard]] Result<std::vector<SafetyCopy>> safetyCopiesIn(const std::string& folder);
+/// A copy that cannot be read.
+struct DamagedCopy {
+    std::string name;
+    FileError error;
+};
+
+struct SafetyCopyList {
+    std::vector<SafetyCopy> copies;      // the newest first
+    std::vector<DamagedCopy> damaged{};  // likewise
+};
+
+/// No folder, no copies.
+[[nodiscard]] Result<SafetyCopyList> safetyCopiesIn(const std::string& folder);
 
 /// Writes the copies to where they came from, whole or not at all as far as that can be seen beforehand. What is there
 /// is copied itself before it is replaced.

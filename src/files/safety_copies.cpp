@@ -134,10 +134,11 @@ void flushToDisk(const fs::path& path)
 }
 
 /// The folder just made stays whatever its name: the clock may have been set back since the others were made.
-void dropOldest(const fs::path& parent, const fs::path& justMade)
+void dropOldest(const fs::path& parent, const fs::path& justMade, const std::string& spared)
 {
     std::vector<fs::path> folders = foldersOfSaves(parent);
-    const auto stays = [&justMade](const fs::path& folder) { return folder == justMade || isKept(folder); };
+    const auto stays
+        = [&](const fs::path& folder) { return folder == justMade || folder.filename() == spared || isKept(folder); };
     folders.erase(std::remove_if(folders.begin(), folders.end(), stays), folders.end());
     if (folders.size() < savesKept)
         return;
@@ -189,7 +190,7 @@ std::string SafetyCopies::copy(const std::vector<std::string>& paths) const
     }
     flushToDisk(folder / listName);
     flushToDisk(folder);
-    dropOldest(m_folder, folder);
+    dropOldest(m_folder, folder, m_spared);
     return folder.string();
 }
 

@@ -22,6 +22,9 @@ public:
 
     [[nodiscard]] const std::string& folder() const { return m_folder; }
 
+    /// The copies of an earlier save, by the name of their folder, that copy does not drop however old they are.
+    void spare(std::string name) { m_spared = std::move(name); }
+
     /// Copies those of the files that exist and are not empty, lists in odkud.txt where they come from, and drops the
     /// oldest save beyond ten. All is on the disk when it returns. Returns the folder of the copies, empty when there
     /// are none.
@@ -45,6 +48,7 @@ public:
 private:
     std::string m_folder;
     Missing m_missing;
+    std::string m_spared{};
 };
 
 }  // namespace korvex

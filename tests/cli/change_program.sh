@@ -100,20 +100,43 @@ done
 fresh
 sed 's/, 0\.16, 32, /, 0.17, 32, /' "${a[1]}" >"$work/other.txt"
 run 2 merge "${a[@]}" + "${a[0]}" "$work/other.txt" "${a[2]}" -o "${new[@]}"
-says err "zdroj 1 je v dřívějším soupisu jiný"
-! grep -q "jiný," "$work/err" || fail "something was done with a conflict"
+says err "${a[0]}:5: zdroj 1 je v dřívějším soupisu jiný (${a[0]}:5)"
+! grep -q "5)," "$work/err" || fail "something was done with a conflict"
 expect_empty "$work/new"
 run 0 merge "${a[@]}" + "${a[0]}" "$work/other.txt" "${a[2]}" --on-conflict keep -o "${new[@]}"
-says err "zdroj 1 je v dřívějším soupisu jiný, zůstává dřívější"
+says err "zdroj 1 je v dřívějším soupisu jiný (${a[0]}:5), zůstává dřívější"
 run 0 diff "${a[@]}" "${new[@]}"
 fresh
 run 0 merge "${a[@]}" + "${a[0]}" "$work/other.txt" "${a[2]}" --on-conflict replace -o "${new[@]}"
-says err "zdroj 1 je v dřívějším soupisu jiný, nahradil jej"
+says err "zdroj 1 je v dřívějším soupisu jiný (${a[0]}:5), nahradil jej"
 run 0 diff "${a[0]}" "$work/other.txt" "${a[2]}" "${new[@]}"
 fresh
 run 0 merge "${a[@]}" + "${a[0]}" "$work/other.txt" "${a[2]}" --on-conflict renumber -o "${new[@]}"
-says err "zdroj 1 je v dřívějším soupisu jiný, dostal číslo 204"
+says err "zdroj 1 je v dřívějším soupisu jiný (${a[0]}:5), dostal číslo 204"
 grep -q '^000000204,1800,' "$work/new/prach.txt" || fail "the dust does not go with its source"
+fresh
+# Two sources of one number are no conflict of their own, and none goes for which nothing comes.
+mkdir "$work/twins"
+files "$work/twins"
+printf '%s\r\n' '000000001, 1, 2, 3, 1, 0, 0 ;Prvni' '000000001, 1, 2, 3, 2, 0, 0 ;Druhy' >"${names[0]}"
+printf '000000001, 0.5, 30, 3, 100, 1, 8, 0.8, 24, 0\r\n' >"${names[1]}"
+grep Prvni "${names[0]}" >"$work/one.txt"
+run 0 merge "${names[@]:0:2}" + "$work/one.txt" "${names[1]}" --on-conflict replace -o "${new[@]:0:2}"
+says out "Zapsané zdroje: 2"
+grep -q Druhy "${new[0]}" || fail "a source vanished"
+
+fresh
+# Dust that comes into being is told.
+run 0 extract "${b[@]}" --numbers 1- --without-dust -o "$work/b/bare.txt" "$work/b/bare2.txt"
+run 1 merge "${a[@]}" + "$work/b/bare.txt" "$work/b/bare2.txt" -o "${new[@]}"
+says err "$work/b/bare.txt: soupis nemá soubor s prachem, pro jeho zdroje platí 0,0,0"
+fresh
+run 0 merge "${a[@]}" + "$work/b/bare.txt" "$work/b/bare2.txt" --without-dust -o "${new[@]:0:2}"
+fresh
+# What is refused is told to programs as well.
+run 2 --json merge "${a[@]}" + "${a[0]}" "$work/other.txt" "${a[2]}" -o "${new[@]}"
+says out '"outcome": "refused"'
+says out '"error": "Soupisy mají táž čísla;'
 
 # --- renumber
 fresh
@@ -125,6 +148,8 @@ done
 fresh
 run 2 renumber "${old[@]}" --from 201-212 --start 92 -o "${new[@]}"
 says err "zdroj 210: číslo 101 už má jiný zdroj"
+run 2 --json renumber "${old[@]}" --from 201-212 --start 92 -o "${new[@]}"
+says out '"clashes"'
 run 2 renumber "${old[@]}" --start 999999990 -o "${new[@]}"
 says err "999999999"
 run 2 renumber "${old[@]}" --start 1x -o "${new[@]}"
@@ -140,7 +165,7 @@ run 2 extract "${old[@]}" --numbers 1 -o "${a[@]}"
 says err "${a[0]}: už existuje"
 run 2 extract "${old[@]}" --numbers 1 -o "${new[@]:0:2}"
 says err "--without-dust"
-run 2 extract "${old[@]:0:2}" --numbers 1 -o "${new[@]}"
+run 2 extract "${old[@]:0:2}" --numbers 1 --without-dust -o "${new[@]}"
 says err "Třetí výstupní soubor je navíc"
 run 2 extract "${old[@]}" --numbers 1 --force -o "$work/new/b" "$work/new/p" "${old[0]}"
 says err "přepsal vstup jiného druhu"
@@ -179,9 +204,21 @@ says out "Nálezy: 3"
 run 1 import --json --csv "$work/new/z.csv" "${new[@]}"
 says out '"line": 9'
 [ ! -e "${new[0]}" ] || fail "written in spite of findings"
+# Not over the inventory that is exported.
+for into in "--csv ${old[0]}" "--geojson ${old[2]} --crs EPSG:5514"; do
+    # shellcheck disable=SC2086  # an option with its value
+    run 2 export "${old[@]}" $into --force
+    says err "Výstup by přepsal vstup jiného druhu: "
+done
+ln -s "${old[1]}" "$work/z.csvt"
+run 2 export "${old[@]}" --csv "$work/z.csv" --force
+says err "Výstup by přepsal vstup jiného druhu: $work/z.csvt"
+sha256sum --quiet -c "$work/sums" || fail "an export replaced its input"
 run 2 import --csv "$work/none.csv" "${new[@]}"
 run 2 export "${old[@]}"
-run 2 export "${old[@]}" --geojson "$work/new/z.json" --crs 5514
+for wrong in 5514 EPSG:0 EPSG:000; do
+    run 2 export "${old[@]}" --geojson "$work/new/z.json" --crs "$wrong"
+done
 run 2 export "${old[@]}" --csv "$work/new/y.csv" --crs EPSG:5514
 run 2 export "${old[@]}" --geojson "$work/new/z.json"
 says err "Ke --geojson uveďte --crs"
@@ -204,18 +241,21 @@ run 0 calc vs "${old[@]}" --pressure 98000 --dry-run --json
 says out '"new": 3.016977'
 sha256sum --quiet -c "$work/sums" || fail "a dry run wrote"
 run 2 calc vs "${old[@]}"
-for wrong in 0 -1 x 1e39 1013.25 29999 120001 nan ''; do
+for wrong in 0 -1 x 1e39 1013.25 9999 200001 nan ''; do
     run 2 calc vs "${old[@]}" --dry-run "--pressure=$wrong"
 done
 run 2 calc q "${old[@]}" --dry-run
 fresh
 sed 's/, 0\.8, 9\.5, 0\.45, /, 0.8, 0, 0.45, /' "${old[1]}" >"$work/still.txt"
 run 1 calc d "${old[0]}" "$work/still.txt" "${old[2]}" -o "${new[@]}"
-says err "zdroj 1: w0_m_s je 0, musí být větší než 0"
+says err "zdroj 1: w0_m_s je 0, nelze jím dělit"
 says out "Vypočteno: 2, změněno: 0, nelze: 1"
 grep -q '^000000001, 0.16, 32, 3.119339, 145, 0.8, 0, ' "${new[1]}" || fail "the source was changed"
 run 1 --lang en calc d "${old[0]}" "$work/still.txt" "${old[2]}" --dry-run
-says err "source 1: w0_m_s is 0, it has to be above 0"
+says err "source 1: w0_m_s is 0, there is no dividing by it"
+fresh
+run 0 calc vs "${old[0]}" "$work/still.txt" "${old[2]}" -o "${new[@]}"
+says out "1 Vs_m3_s: 3.119339 -> 0"
 run 1 calc vs "${old[@]}" --numbers 900 --dry-run
 says err "Žádný zdroj k výpočtu"
 fresh
@@ -225,6 +265,11 @@ says err "zdroj 1: ts_C je -273.15, musí být větší než -273.15"
 expect_empty "$work/new"
 
 # --- in place, and back again
+find "$work/state" | sort >"$work/copies"
+run 0 calc vs "${old[@]}" --force
+says out "Nic se nezapsalo."
+sha256sum --quiet -c "$work/sums" || fail "written though nothing changed"
+find "$work/state" | sort | cmp -s - "$work/copies" || fail "a copy though nothing changed"
 run 0 calc vs "${old[@]}" --pressure 98000 --force
 ! sha256sum --status -c "$work/sums" || fail "nothing was written in place"
 run 0 restore
@@ -236,6 +281,28 @@ sha256sum --quiet -c "$work/sums" || fail "the safety copy did not come back"
 run 0 restore latest --force
 ! sha256sum --status -c "$work/sums" || fail "what restore replaced was not kept"
 run 2 restore 2000-01-01_00-00-00_00
+for day in 01 02 03 04 05 06 07 08 09 10; do
+    mkdir "$work/state/korvexzdr/2000-01-${day}_00-00-00_00"
+    touch "$work/state/korvexzdr/2000-01-${day}_00-00-00_00/odkud.txt"
+done
+run 0 restore latest --force
+says err "Nejstarší kopie ustoupila nové: 2000-01-01_00-00-00_00"
+run 0 restore latest --force
+run 2 restore ""
+says err 'Taková kopie není: „“'
+mkdir "$work/state/korvexzdr/2999-01-01_00-00-00_00"
+run 0 restore
+says err "2999-01-01_00-00-00_00/odkud.txt: kopii nelze číst, přeskočila se"
+run 2 restore latest --force
+says err "Poslední kopii nelze číst"
+rmdir "$work/state/korvexzdr/2999-01-01_00-00-00_00"
+mkdir "$work/gone"
+cp "${old[@]}" "$work/gone"
+files "$work/gone"
+run 0 renumber "${names[@]}" --start 1 --force
+rm -r "$work/gone"
+run 2 restore latest
+says err "Složka, kam se má vrátit, chybí: $work/gone"
 run 0 restore --json
 says out '"isThere": true'
 
@@ -257,6 +324,9 @@ refuses() {
     done
     run 2 export "${names[@]}" --csv "$work/new/z.csv"
     says err "$text"
+    run 2 --json export "${names[@]}" --csv "$work/new/z.csv"
+    says out '"findings": ['
+    says out '"error": "Uvedené údaje by se ztratily'
     expect_empty "$work/new"
     run 1 extract --numbers 1- "${names[@]}" --accept-losses -o "${new[@]}"
     says err "$text"
@@ -289,6 +359,19 @@ run 2 extract --numbers 1- "${names[@]}" -o "${new[@]}"
 run 0 extract --numbers 1- --without-dust "${names[@]}" -o "${new[@]:0:2}"
 fresh
 
+# --- a dust file that the headers name is not left behind in silence
+for command in "renumber --start 1" "calc vs --pressure 98000" "extract --numbers 1-"; do
+    # shellcheck disable=SC2086  # a command with its options
+    run 2 $command "${old[@]:0:2}" --force -o "${old[@]:0:2}"
+    says err "${old[0]}:4: k soupisu patří soubor s prachem, který nebyl uveden: ${old[2]}"
+    [ "$(grep -c 'nebyl uveden' "$work/err")" -eq 1 ] || fail "said twice"
+done
+run 0 extract --numbers 1- "${old[@]:0:2}" --without-dust -o "${new[@]:0:2}"
+run 0 renumber --start 1 "${new[@]:0:2}" --force
+run 1 extract --numbers 1- "${old[@]:0:2}" --accept-losses --force -o "${new[@]:0:2}"
+run 0 export "${old[@]:0:2}" --csv "$work/new/z.csv"
+fresh
+
 # --- UTF-8 is not taken for the code page
 iconv -f WINDOWS-1250 -t UTF-8 "${old[0]}" >"$work/odd/body.txt"
 for command in stat "diff ${old[*]}" "export --csv $work/new/z.csv" "calc vs --dry-run" \
@@ -314,7 +397,7 @@ sha256sum --quiet -c "$work/front" || fail "other files when --output stands in 
 fresh
 run 0 extract --type line --without-dust -o "${new[@]:0:2}" "${old[@]}"
 fresh
-run 0 renumber -o "${new[@]:0:2}" "${old[@]:0:2}" --start 1
+run 0 renumber -o "${new[@]:0:2}" "${old[@]:0:2}" --start 1 --without-dust
 fresh
 run 0 calc xy -o "${new[@]}" "${old[@]}"
 fresh
@@ -362,6 +445,13 @@ run 2 extract "${old[@]}" --numbers 1 -o "$work/no/b" "$work/no/p" "$work/no/d"
 if "$program" stat "${old[@]}" >/dev/full 2>"$work/err"; then
     fail "a full disk went unnoticed"
 fi
+
+fresh
+if "$program" renumber "${old[@]}" --start 1 -o "${new[@]}" >/dev/full 2>"$work/err"; then
+    fail "a full disk went unnoticed"
+fi
+says err "Výstup nelze zapsat; soubory se zapsaly."
+fresh
 
 # --- every command explains itself in both languages, with an example
 for command in diff merge extract renumber export import calc restore; do

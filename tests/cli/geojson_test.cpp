@@ -86,7 +86,8 @@ TEST(GeoJson, ACoordinateSystemIsACodeOrAName)
 {
     EXPECT_EQ(coordinateSystemName("EPSG:5514"), "urn:ogc:def:crs:EPSG::5514");
     EXPECT_EQ(coordinateSystemName("urn:ogc:def:crs:OGC:1.3:CRS84"), "urn:ogc:def:crs:OGC:1.3:CRS84");
-    for (const std::string_view wrong : {"", "5514", "EPSG:", "EPSG:x", "epsg:5514", "urn:ogc:def:crs:", "S-JTSK"})
+    for (const std::string_view wrong :
+        {"", "5514", "EPSG:", "EPSG:x", "EPSG:0", "EPSG:00", "epsg:5514", "urn:ogc:def:crs:", "S-JTSK"})
         EXPECT_FALSE(coordinateSystemName(wrong).has_value()) << wrong;
 }
 

@@ -78,6 +78,39 @@ TEST(CliInventory, ForWritingTheRecordsAndCommentsThatASaveWouldChangeAreFoundAs
         findingsOf(test::loaded(files, LoadFor::Reading)), ElementsAre(std::pair(LoadFinding::UnknownType, 7U)));
 }
 
+TEST(CliInventory, ADustFileThatTheHeadersNameIsMissedOnceWhenItWasNotGiven)
+{
+    const test::TemporaryFolder folder;
+    SourceFiles files;
+    files.points = test::writeLines(
+        folder, "body", {";Soupis", ";Soubor s prachem: /data/příprava/prach.txt", "1, 1, 2, 3, 1, 0, 0 ;"});
+    files.description = test::writeLines(
+        folder, "popis", {";Soupis", ";Soubor s prachem: /data/příprava/prach.txt", "1, 1, 2, 3, 4, 5, 6, 7, 8, 0"});
+    const Inventory inventory = test::loaded(files, LoadFor::Writing);
+    EXPECT_THAT(findingsOf(inventory), ElementsAre(std::pair(LoadFinding::DustNotGiven, 2U)));
+    EXPECT_EQ(inventory.findings[0].before, "/data/příprava/prach.txt");
+    EXPECT_THAT(findingsOf(test::loaded(files, LoadFor::Reading)), IsEmpty());
+
+    files.dust = test::writeLines(folder, "prach", {"000000001,0,0,0"});
+    EXPECT_THAT(findingsOf(test::loaded(files, LoadFor::Writing)), IsEmpty());
+    files.dust.clear();
+    files.points = test::writeLines(folder, "body", {";Soupis", ";Soubor s prachem: ", "1, 1, 2, 3, 1, 0, 0 ;"});
+    files.description = test::writeLines(folder, "popis", {";Soupis", "1, 1, 2, 3, 4, 5, 6, 7, 8, 0"});
+    EXPECT_THAT(findingsOf(test::loaded(files, LoadFor::Writing)), IsEmpty());
+}
+
+TEST(CliInventory, TheLineOfEachPointsRecordIsFoundAgain)
+{
+    const test::TemporaryFolder folder;
+    SourceFiles files;
+    files.points = test::writeLines(folder, "body",
+        {";Soupis", "1, 1, 2, 3, 1, 0, 0 ;", "2, 1, 2, 3, 9, 0, 0 ;neznámý", ";", "3, 1, 2, 3, 2, 0, 0 ;"});
+    files.description = test::writeLines(folder, "popis", {"1, 1", "3, 1"});
+    const Result<std::vector<std::size_t>> lines = pointsLines(test::loaded(files));
+    ASSERT_TRUE(lines.ok());
+    EXPECT_THAT(lines.value(), ElementsAre(0U, 2U, 5U));
+}
+
 TEST(CliInventory, WhatOneOfSeveralSourcesOfANumberKeepsIsNotLost)
 {
     const test::TemporaryFolder folder;

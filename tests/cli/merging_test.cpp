@@ -71,7 +71,7 @@ TEST(Merging, AConflictIsSolvedAsAskedFor)
     };
     EXPECT_EQ(run(OnConflict::Fail).conflicts.size(), 1U);
     EXPECT_EQ(run(OnConflict::Fail).conflicts[0].number, 2);
-    EXPECT_EQ(run(OnConflict::Fail).conflicts[0].inventory, 1U);
+    EXPECT_EQ(run(OnConflict::Fail).conflicts[0].later.inventory, 1U);
     EXPECT_THAT(contentOf(run(OnConflict::Keep).set), ElementsAre(P{1, 10}, P{2, 20}, P{3, 30}, P{4, 41}, P{7, 71}));
     EXPECT_THAT(contentOf(run(OnConflict::Replace).set), ElementsAre(P{1, 10}, P{2, 21}, P{3, 30}, P{4, 41}, P{7, 71}));
     const Merge renumbered = run(OnConflict::Renumber);
@@ -89,11 +89,41 @@ TEST(Merging, EqualNumbersWithinOneInventoryAreNoConflict)
     }
 }
 
-TEST(Merging, AllSourcesOfANumberAreReplacedByAllOfTheLater)
+TEST(Merging, ALaterSourceReplacesOneOfItsNumberAndWhatIsTheSameStays)
 {
     const Merge merge
         = merged(OnConflict::Replace, inventoryOf({{1, 1}, {2, 2}, {1, 3}}), inventoryOf({{1, 3}, {1, 4}}));
-    EXPECT_THAT(contentOf(merge.set), ElementsAre(P{1, 3}, P{1, 4}, P{2, 2}));
+    EXPECT_THAT(contentOf(merge.set), ElementsAre(P{1, 4}, P{2, 2}, P{1, 3}));
+    ASSERT_EQ(merge.conflicts.size(), 1U);
+    EXPECT_EQ(merge.conflicts[0].outcome, MergeConflict::Outcome::Replaced);
+    EXPECT_EQ(merge.conflicts[0].later.position, 2U);
+    EXPECT_EQ(merge.conflicts[0].earlier.inventory, 0U);
+    EXPECT_EQ(merge.conflicts[0].earlier.position, 1U);
+}
+
+TEST(Merging, ReplacingDropsNoSourceForWhichNothingCame)
+{
+    const auto withArea = [](Inventory inventory, std::int32_t x) {
+        cZdroje area(cPlosnyZdroj);
+        area.renumber(1);
+        area.X(x);
+        inventory.set.append(std::move(area));
+        return inventory;
+    };
+    const Merge same = merged(OnConflict::Replace, withArea(inventoryOf({{1, 1}}), 2), inventoryOf({{1, 1}}));
+    EXPECT_THAT(contentOf(same.set), ElementsAre(P{1, 1}, P{1, 2}));
+    EXPECT_THAT(same.conflicts, IsEmpty());
+
+    const Merge other = merged(OnConflict::Replace, withArea(inventoryOf({}), 2), inventoryOf({{1, 9}}));
+    EXPECT_THAT(contentOf(other.set), ElementsAre(P{1, 9})) << "the only one of its number, whatever its type";
+
+    const Merge ofType = merged(OnConflict::Replace, withArea(inventoryOf({{1, 1}}), 2), withArea(inventoryOf({}), 7));
+    EXPECT_THAT(contentOf(ofType.set), ElementsAre(P{1, 1}, P{1, 7}));
+
+    const Merge added = merged(OnConflict::Replace, inventoryOf({{1, 1}}), withArea(inventoryOf({{1, 1}}), 2));
+    EXPECT_THAT(contentOf(added.set), ElementsAre(P{1, 1}, P{1, 2}));
+    ASSERT_EQ(added.conflicts.size(), 1U);
+    EXPECT_EQ(added.conflicts[0].outcome, MergeConflict::Outcome::Added);
 }
 
 TEST(Merging, ThreeInventoriesOfOneNumberAreSolvedOneAfterTheOther)

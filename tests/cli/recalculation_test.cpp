@@ -73,6 +73,27 @@ TEST(Recalculation, AKnownVolumeComesOut)
     EXPECT_EQ(singleText(inventory.set.at(1).Parameters(2)), "14.156");
 }
 
+TEST(Recalculation, WhatTheWindowComputesIsComputed)
+{
+    struct Case {
+        Quantity quantity;
+        std::array<float, 4> values;  // Vs, ts, d, w0
+        std::int32_t index;
+        const char* expected;
+    };
+    for (const Case& given : {Case{Quantity::Vs, {10, 20, 2, 0}, 2, "0"}, Case{Quantity::Vs, {10, 20, 0, 5}, 2, "0"},
+             Case{Quantity::Vs, {10, 20, 0, 0}, 2, "0"}, Case{Quantity::Vs, {10, 20, 1E-30F, 5}, 2, "0"},
+             Case{Quantity::Vs, {10, 20, -2, 5}, 2, "14.6363"}, Case{Quantity::d, {0, 20, 2, 5}, 4, "0"},
+             Case{Quantity::w0, {0, 20, 2, 5}, 5, "0"}, Case{Quantity::w0, {10, 20, 2, -1}, 5, "3.416165"},
+             Case{Quantity::d, {-10, 20, 2, -5}, 4, "1.653158"}}) {
+        Inventory inventory = inventoryOf({given.values});
+        const Recalculation result = recalculate(inventory.set, given.quantity, normal, {});
+        EXPECT_THAT(result.computed, ElementsAre(1U));
+        EXPECT_THAT(result.notComputed, IsEmpty());
+        EXPECT_EQ(singleText(inventory.set.at(1).Parameters(given.index)), given.expected);
+    }
+}
+
 TEST(Recalculation, WhatNoStackCanHaveLeavesTheSourceAndTheOthersGoOn)
 {
     struct Case {
@@ -80,21 +101,19 @@ TEST(Recalculation, WhatNoStackCanHaveLeavesTheSourceAndTheOthersGoOn)
         std::array<float, 4> values;  // Vs, ts, d, w0
         std::size_t column;
         const char* value;
-        NotComputed::Reason reason = NotComputed::Reason::TooSmall;
+        NotComputed::Reason reason;
     };
-    constexpr auto outOfRange = NotComputed::Reason::OutOfRange;
-    for (const Case& given : {Case{Quantity::d, {10, 20, 2, 0}, column::Velocity, "0"},
-             Case{Quantity::d, {10, 20, 2, -5}, column::Velocity, "-5"},
-             Case{Quantity::d, {-10, 20, 2, 5}, column::GasVolume, "-10"},
-             Case{Quantity::d, {10, -273.15F, 2, 5}, column::Temperature, "-273.15"},
-             Case{Quantity::w0, {10, 20, 0, 5}, column::Diameter, "0"},
-             Case{Quantity::w0, {0, 20, 2, 5}, column::GasVolume, "0"},
-             Case{Quantity::w0, {10, 20, 1E-30F, 5}, column::Velocity, "", outOfRange},
-             Case{Quantity::Vs, {10, -300, 2, 5}, column::Temperature, "-300"},
-             Case{Quantity::Vs, {10, 20, 2, 0}, column::Velocity, "0"},
-             Case{Quantity::Vs, {10, 20, -2, 5}, column::Diameter, "-2"},
-             Case{Quantity::Vs, {10, 20, 1E-30F, 5}, column::GasVolume, "", outOfRange},
-             Case{Quantity::Vs, {10, 20, 1E25F, 5}, column::GasVolume, "", outOfRange}}) {
+    using Reason = NotComputed::Reason;
+    for (const Case& given : {Case{Quantity::d, {10, 20, 2, 0}, column::Velocity, "0", Reason::ZeroDivisor},
+             Case{Quantity::w0, {10, 20, 0, 5}, column::Diameter, "0", Reason::ZeroDivisor},
+             Case{Quantity::d, {10, -273.15F, 2, 5}, column::Temperature, "-273.15", Reason::TooCold},
+             Case{Quantity::Vs, {10, -300, 2, 5}, column::Temperature, "-300", Reason::TooCold},
+             Case{Quantity::w0, {-10, 20, 2, 5}, column::Velocity, "-3.416165", Reason::Negative},
+             Case{Quantity::Vs, {10, 20, 2, -5}, column::GasVolume, "-14.6363", Reason::Negative},
+             Case{Quantity::d, {10, 20, 2, -5}, column::Diameter, "", Reason::NoResult},
+             Case{Quantity::d, {-10, 20, 2, 5}, column::Diameter, "", Reason::NoResult},
+             Case{Quantity::w0, {10, 20, 1E-30F, 5}, column::Velocity, "", Reason::NoResult},
+             Case{Quantity::Vs, {10, 20, 1E25F, 5}, column::GasVolume, "", Reason::NoResult}}) {
         Inventory inventory = inventoryOf({given.values, {10, 20, 2, 5}});
         const Recalculation result = recalculate(inventory.set, given.quantity, normal, {});
         EXPECT_THAT(result.computed, ElementsAre(2U));

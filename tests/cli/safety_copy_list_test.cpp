@@ -16,9 +16,9 @@ class SafetyCopyListTest : public testing::Test {
 protected:
     std::vector<SafetyCopy> listed()
     {
-        Result<std::vector<SafetyCopy>> copies = safetyCopiesIn(m_state.path());
-        EXPECT_TRUE(copies.ok());
-        return copies.ok() ? copies.value() : std::vector<SafetyCopy>();
+        Result<SafetyCopyList> list = safetyCopiesIn(m_state.path());
+        EXPECT_TRUE(list.ok());
+        return list.ok() ? list.value().copies : std::vector<SafetyCopy>();
     }
     SafetyCopies copies() { return SafetyCopies(m_state.path()); }
 
@@ -28,9 +28,9 @@ protected:
 
 TEST_F(SafetyCopyListTest, NoFolderHasNoCopies)
 {
-    const Result<std::vector<SafetyCopy>> copies = safetyCopiesIn(m_state.path("missing"));
-    ASSERT_TRUE(copies.ok());
-    EXPECT_THAT(copies.value(), IsEmpty());
+    const Result<SafetyCopyList> list = safetyCopiesIn(m_state.path("missing"));
+    ASSERT_TRUE(list.ok());
+    EXPECT_THAT(list.value().copies, IsEmpty());
 }
 
 TEST_F(SafetyCopyListTest, ACopyTellsItsTimeItsFilesAndTheirSizes)
@@ -84,7 +84,7 @@ TEST_F(SafetyCopyListTest, RestoringBringsBackWhatWasAndCopiesWhatIs)
     EXPECT_EQ(test::bytesOf(listed().front().files.at(0).copy), "second");
 }
 
-TEST_F(SafetyCopyListTest, TheOldestCopyCanBeRestoredThoughItIsPushedOut)
+TEST_F(SafetyCopyListTest, TheOldestCopyCanBeRestoredAndStays)
 {
     for (int save = 0; save < 10; ++save) {
         m_data.write("a.txt", std::string(1, static_cast<char>('0' + save)));
@@ -92,9 +92,25 @@ TEST_F(SafetyCopyListTest, TheOldestCopyCanBeRestoredThoughItIsPushedOut)
     }
     m_data.write("a.txt", "last");
     ASSERT_EQ(listed().size(), 10U);
-    ASSERT_TRUE(restoreFiles(listed().back(), copies()).ok());
+    const SafetyCopy oldest = listed().back();
+    ASSERT_TRUE(restoreFiles(oldest, copies()).ok());
     EXPECT_EQ(m_data.bytes("a.txt"), "0");
-    EXPECT_EQ(listed().size(), 10U);
+    EXPECT_EQ(listed().back().name, oldest.name);
+    ASSERT_NE(copies().copy({m_data.path("a.txt")}), "");
+    EXPECT_EQ(listed().size(), 10U) << "it gives way to the next save";
+}
+
+TEST_F(SafetyCopyListTest, ADamagedCopyIsNamedAndTheOthersAreListed)
+{
+    m_data.write("a.txt", "a");
+    ASSERT_NE(copies().copy({m_data.path("a.txt")}), "");
+    fs::create_directory(m_state.path("2026-01-01_00-00-00_00"));
+    const Result<SafetyCopyList> list = safetyCopiesIn(m_state.path());
+    ASSERT_TRUE(list.ok());
+    EXPECT_EQ(list.value().copies.size(), 1U);
+    ASSERT_EQ(list.value().damaged.size(), 1U);
+    EXPECT_EQ(list.value().damaged[0].name, "2026-01-01_00-00-00_00");
+    EXPECT_EQ(list.value().damaged[0].error.path, m_state.path("2026-01-01_00-00-00_00/odkud.txt"));
 }
 
 TEST_F(SafetyCopyListTest, ACopyWhoseFileIsGoneRestoresNothing)
