@@ -95,9 +95,11 @@ inline constexpr std::array<RuleText, ruleCount> ruleTexts{{
     {Rule::DigitsLost, "digits-lost", RuleGroup::Records, Severity::Warning,
         "{0}: {1} se uloží jako {2}; hodnota se tím změní", "{0}: {1} will be saved as {2}, which is another value",
         "Reálná čísla se ukládají nejvýše na 7 platných číslic, celá (číslo zdroje, X, Y, výška, skupina, shluk) bez "
-        "desetinných míst. Delší číslo první uložení změní.",
+        "desetinných míst. Delší číslo první uložení změní. Poslední pole popisu bodového zdroje se nečte a uloží se "
+        "jako 0, ať v něm stojí cokoli.",
         "Reals are saved with 7 significant digits at most, whole numbers (source number, X, Y, altitude, group, "
-        "cluster) without decimals. The first save changes a longer number."},
+        "cluster) without decimals. The first save changes a longer number. The last field of a point source's "
+        "description is not read, and saved as 0 whatever it holds."},
     {Rule::Rewritten, "rewritten", RuleGroup::Records, Severity::Note, "{0} se uloží jako {1}",
         "{0} will be saved as {1}",
         "Hodnoty se nezmění, jen zápis řádku: jiné nuly, mezery, znaménko +, tvar exponentu, chybějící středník, konce "

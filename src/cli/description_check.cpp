@@ -7,6 +7,7 @@
 #include "message.h"
 #include "physics_check.h"
 #include "plain_number.h"
+#include "record_losses.h"
 #include "source.h"
 #include "source_type.h"
 
@@ -110,8 +111,10 @@ void DescriptionCheck::take(const CheckedLine& line)
         return;
     }
     point->descriptionLine = line.number;
-    if (!isAsSaved)
+    if (!isAsSaved) {
+        checkConstant(line, point->number, *type, line.bytes.substr(line.bytes.rfind(',') + 1));
         checkForm(m_findings, line, point->number, saved);
+    }
     checkPhysics(m_findings, {line, *point, *type, parameters, m_pressure});
 }
 
@@ -141,10 +144,24 @@ void DescriptionCheck::checkOddRecord(const CheckedLine& line)
         isSound = isSound && state == NumberState::Sound;
         parameters[i] = state == NumberState::OutOfRange ? 0.0F : readSingle(fields[i + 1]);
     }
+    if (fields.size() == fieldCount)
+        checkConstant(line, *number, *type, fields.back());
     checkSavedForm(line, *number, *type);
     // Of a record with unreadable, missing or shifted fields the values mean nothing.
     if (isSound && fields.size() == fieldCount)
         checkPhysics(m_findings, {line, *point, *type, parameters, m_pressure});
+}
+
+void DescriptionCheck::checkConstant(
+    const CheckedLine& line, std::int32_t number, const SourceType& type, std::string_view lastField)
+{
+    const std::string_view shown = trimBlanks(lastField);
+    if (!type.hasDust || shown.empty() || isSameNumber(shown, "0"))
+        return;
+    m_findings.add(Rule::DigitsLost, line.placeOf(shown.data()), number, [&] {
+        return std::array{m_findings.text("poslední pole", "the last field"), line.quoted(m_findings.language(), shown),
+            std::string("0")};
+    });
 }
 
 void DescriptionCheck::checkSavedForm(const CheckedLine& line, std::int32_t number, const SourceType& type)

@@ -33,6 +33,9 @@ private:
     [[nodiscard]] std::string_view savedRecord(
         std::int32_t number, const SourceType& type, const PlainParameters& parameters);
     void checkOddRecord(const CheckedLine& line);
+    /// A stack's last field is no parameter: whatever it holds, 0 is saved.
+    void checkConstant(
+        const CheckedLine& line, std::int32_t number, const SourceType& type, std::string_view lastField);
     void checkSavedForm(const CheckedLine& line, std::int32_t number, const SourceType& type);
 
     Findings& m_findings;
