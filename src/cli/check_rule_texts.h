@@ -75,6 +75,14 @@ inline constexpr std::array<RuleText, ruleCount> ruleTexts{{
         "zobrazí různě nebo soubor odmítnou. Bývá to znak z jiného kódování.",
         "Windows-1250 has no characters 81, 83, 88, 90 and 98. The program keeps them, but others show them in "
         "different ways or refuse the file. Mostly they come from another code page."},
+    {Rule::ControlCharacter, "control-character", RuleGroup::Records, Severity::Warning,
+        "bajt {0} (šestnáctkově) je řídicí znak; odstraňte jej",
+        "the byte {0} (hexadecimal) is a control character; delete it",
+        "Bajty 00 až 1F kromě tabulátoru a bajt 7F nejsou text: ve jméně nejsou vidět, znak 00 v mnoha programech text "
+        "ukončí, 0D je část konce řádku a 1B ovládá terminál. Hlásí se první na každém řádku.",
+        "The bytes 00 to 1F, a tab excepted, and the byte 7F are no text: nobody sees them in a name, 00 ends the text "
+        "for many programs, 0D is a part of a line end, and 1B controls a terminal. The first of each line is "
+        "reported."},
     {Rule::Utf8, "utf8", RuleGroup::Records, Severity::Error, "{0}", "{0}",
         "Kódování se nezjišťuje: písmena s diakritikou by ze souboru v UTF-8 byla načtena jako dvojice cizích znaků. "
         "Značka na začátku souboru (BOM) navíc způsobí, že první řádek není poznámkou; hlásí se i u textu ve "
@@ -82,6 +90,15 @@ inline constexpr std::array<RuleText, ruleCount> ruleTexts{{
         "The encoding is never guessed: accented letters of a file in UTF-8 are read as pairs of strange characters. "
         "A byte order mark moreover keeps the first line from being a comment; it is reported beside text in "
         "Windows-1250 too. The first such place of each file is reported."},
+    {Rule::Utf8Letters, "utf8-letters", RuleGroup::Records, Severity::Warning,
+        "„{0}“ je nejspíš „{1}“ v UTF-8, ostatní text řádku je ve Windows-1250; přepište je",
+        "\"{0}\" most likely is \"{1}\" in UTF-8, while the rest of the line is Windows-1250; rewrite it",
+        "Vložením z jiného programu se na řádek ve Windows-1250 dostane kus textu v UTF-8, z každého jeho písmene jsou "
+        "pak dvě. Pozná se podle dvojic, které v češtině, slovenštině ani němčině nestojí: velké písmeno uvnitř slova "
+        "nebo znaménko mezi písmeny. Slova z velkých písmen, například PAMÄŤ, se nehlásí. Hlásí se první na řádku.",
+        "Pasting from another program brings a piece of UTF-8 into a line of Windows-1250, and each of its letters "
+        "becomes two. It is told by pairs that stand in no Czech, Slovak or German word: a capital inside of a word, "
+        "or a sign between letters. Words in capitals such as PAMÄŤ are not reported. The first of each line is."},
     {Rule::Iso88592, "iso-8859-2", RuleGroup::Records, Severity::Warning,
         "text vypadá jako ISO-8859-2: bajt {0} by byl „{1}“, ve Windows-1250 je to „{2}“; soubor převeďte (iconv -f "
         "ISO-8859-2 -t WINDOWS-1250)",

@@ -2,12 +2,15 @@
 
 #include "code_page.h"
 #include "fields.h"
+#include "message.h"
 #include "number_text.h"
 #include "source_files.h"
 #include "utf8_text.h"
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstring>
 #include <optional>
 #include <string>
 #include <vector>
@@ -54,6 +57,36 @@ bool isIsoLetter(std::string_view line, std::size_t at)
     }
 }
 
+bool isControl(char c)
+{
+    const auto byte = static_cast<unsigned char>(c);
+    return (byte < ' ' && c != '\t') || byte == 0x7F;
+}
+
+/// Whether bytes may hold a control character: all lines are asked, and nearly none has any.
+bool mayHaveControl(std::string_view bytes)
+{
+    constexpr std::uint64_t highBits = 0x8080808080808080U;
+    constexpr std::uint64_t ones = 0x0101010101010101U;
+    for (; bytes.size() >= sizeof ones; bytes.remove_prefix(sizeof ones)) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, bytes.data(), sizeof word);
+        const std::uint64_t low = word & ~highBits;
+        // Their high bits tell which bytes are at least a blank, and which are not 7F.
+        const std::uint64_t fromBlank = low + (0x80U - ' ') * ones;
+        const std::uint64_t below7F = ~(low + ones);
+        if ((((fromBlank & below7F) | word) & highBits) != highBits)
+            return true;
+    }
+    return std::any_of(bytes.begin(), bytes.end(), isControl);
+}
+
+/// The number that a finding about a line belongs to.
+std::optional<std::int32_t> sourceOf(const CheckedLine& line, bool isRecord)
+{
+    return isRecord ? roundedOf(field(line.bytes, ',', 1)) : std::nullopt;
+}
+
 std::string hexadecimal(unsigned char byte)
 {
     constexpr std::string_view digits = "0123456789ABCDEF";
@@ -78,6 +111,8 @@ CheckedLine CheckedText::take(std::string_view bytes, std::size_t number, std::s
         m_utf8 = line.placeOf(line.bytes.data() + asciiLength(line.bytes));
     if (!isAscii && !line.isUtf8)
         takeLetters(line, isRecord);
+    if (mayHaveControl(line.bytes))
+        checkControls(line, isRecord);
     if (isRecord && size != bytes.size() + 2) {
         m_isLastOpen = size == bytes.size() && m_otherLineEnds == 0;
         if (m_otherLineEnds++ == 0)
@@ -96,6 +131,27 @@ void CheckedText::takeLetters(const CheckedLine& line, bool isRecord)
         if (byte < 0xC0)
             checkByte(line, at, isRecord);
     }
+    checkPiece(line, isRecord);
+}
+
+void CheckedText::checkPiece(const CheckedLine& line, bool isRecord)
+{
+    const Utf8Piece piece = findUtf8Piece(line.bytes);
+    if (piece.length == 0)
+        return;
+    const std::string_view bytes = line.bytes.substr(piece.at, piece.length);
+    m_findings.add(Rule::Utf8Letters, line.placeOf(bytes.data()), sourceOf(line, isRecord), [bytes] {
+        return std::array{printable(decodeCodePage(bytes)), std::string(bytes)};
+    });
+}
+
+void CheckedText::checkControls(const CheckedLine& line, bool isRecord)
+{
+    const auto* const found = std::find_if(line.bytes.begin(), line.bytes.end(), isControl);
+    if (found == line.bytes.end())
+        return;
+    m_findings.add(Rule::ControlCharacter, line.placeOf(&*found), sourceOf(line, isRecord),
+        [found] { return std::array{hexadecimal(static_cast<unsigned char>(*found))}; });
 }
 
 void CheckedText::checkByte(const CheckedLine& line, std::size_t at, bool isRecord)
@@ -109,9 +165,8 @@ void CheckedText::checkByte(const CheckedLine& line, std::size_t at, bool isReco
     constexpr std::string_view undefined = "\x81\x83\x88\x90\x98";
     if (undefined.find(line.bytes[at]) == std::string_view::npos)
         return;
-    const auto source = isRecord ? roundedOf(field(line.bytes, ',', 1)) : std::nullopt;
-    m_findings.add(
-        Rule::CodePage, line.placeOf(line.bytes.data() + at), source, [byte] { return std::array{hexadecimal(byte)}; });
+    m_findings.add(Rule::CodePage, line.placeOf(line.bytes.data() + at), sourceOf(line, isRecord),
+        [byte] { return std::array{hexadecimal(byte)}; });
 }
 
 void CheckedText::finish()

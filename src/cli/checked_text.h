@@ -22,6 +22,8 @@ public:
 
 private:
     void takeLetters(const CheckedLine& line, bool isRecord);
+    void checkPiece(const CheckedLine& line, bool isRecord);
+    void checkControls(const CheckedLine& line, bool isRecord);
     void checkByte(const CheckedLine& line, std::size_t at, bool isRecord);
     void reportUtf8();
     void reportIso88592();
