@@ -9,11 +9,12 @@ namespace korvex {
 
 inline constexpr std::array<RuleText, ruleCount> ruleTexts{{
     {Rule::WrongFile, "wrong-file", RuleGroup::Records, Severity::Error, "{0}", "{0}",
-        "Soubor jako celek není to, co se na jeho místě čeká: je prázdný, v UTF-16, binární, s jinými konci řádků, "
-        "nebo "
-        "je to jiný ze souborů soupisu. Jeho záznamy se pak nekontrolují a jinde se nehlásí, že chybějí.",
-        "The file as a whole is not what belongs in its place: it is empty, in UTF-16, binary, has other line ends, or "
-        "is another one of the inventory's files. Its records are then not checked, nor are they missed elsewhere."},
+        "Soubor jako celek není to, co se na jeho místě čeká: je v UTF-16, binární, s jinými konci řádků, nebo je to "
+        "jiný ze souborů soupisu. Jeho záznamy se pak nekontrolují a jinde se nehlásí, že chybějí. Soubor bez záznamů "
+        "chybou není.",
+        "The file as a whole is not what belongs in its place: it is in UTF-16, binary, has other line ends, or is "
+        "another one of the inventory's files. Its records are then not checked, nor are they missed elsewhere. A file "
+        "without records is no fault."},
     {Rule::NumberText, "number-text", RuleGroup::Records, Severity::Error, "{0}: {1} se čte jako {2}; napište jen {3}",
         "{0}: {1} is read as {2}; write {3} and nothing else",
         "Pole má být číslo. Program čte jen číslo, kterým pole začíná; co následuje, přeskočí, a pole, které číslem "

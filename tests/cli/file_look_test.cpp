@@ -77,11 +77,30 @@ TEST(FileLook, Utf16IsKnownWithAndWithoutItsMark)
     }
 }
 
-TEST(FileLook, EmptyAndBinaryFilesAreOneFinding)
+TEST(FileLook, FilesWithoutARecordAreSound)
+{
+    const TemporaryFolder folder;
+    for (const std::string_view bytes : {"", ";", ";SOUBOR S BODY\r\n;x\r\n", ";x\r\n\r\n"}) {
+        const SourceFiles files{
+            folder.write("body.txt", bytes), folder.write("popis.txt", bytes), folder.write("prach.txt", bytes)};
+        Findings findings(Language::English, 0, {});
+        EXPECT_TRUE(checkInventory({files, folder.write("skupiny.spr", bytes), 101325.0F}, findings).ok());
+        EXPECT_EQ(findings.count(), 0U) << bytes;
+    }
+    EXPECT_THAT(messagesWith(3, ";"), testing::Each(HasSubstr("there is no dust group")));
+}
+
+TEST(FileLook, WhatTheOtherFilesMissInAFileWithoutARecordIsToldOfThem)
+{
+    using testing::Each;
+    EXPECT_THAT(messagesWith(0, ""), Each(HasSubstr("belongs to no point")));
+    EXPECT_THAT(messagesWith(1, ""), testing::Contains(HasSubstr("has no record in the description file")).Times(16));
+    EXPECT_THAT(messagesWith(2, ""), AllOf(testing::SizeIs(16), Each(HasSubstr("no record in the dust file"))));
+}
+
+TEST(FileLook, BinaryFilesAreOneFinding)
 {
     for (std::size_t file = 0; file < names.size(); ++file) {
-        EXPECT_THAT(messagesWith(file, ""), ElementsAre("the file is empty"));
-        EXPECT_THAT(messagesWith(file, ";x\r\n\r\n"), ElementsAre("the file holds no record"));
         EXPECT_THAT(messagesWith(file, std::string("PK\3\4\0\0\0\0\0\0", 10)), ElementsAre(HasSubstr("is no text")));
         EXPECT_THAT(messagesWith(file, "1, 2\r3, 4\r"), ElementsAre(HasSubstr("end with CR alone")));
     }
