@@ -107,9 +107,11 @@ inline constexpr std::array<RuleText, ruleCount> ruleTexts{{
         "file "
         "(iconv -f ISO-8859-2 -t WINDOWS-1250)",
         "Obě kódování se liší hlavně v písmenech š, ť a ž. Soubor, který má jejich bajty podle ISO-8859-2 u písmen a "
-        "žádný z bajtů 80 až 9F, je nejspíš v něm. Hlásí se první takový bajt každého souboru.",
+        "žádný z bajtů 80 až 9F, je nejspíš v něm. Jediné z písmen š, ž a Š nestačí, jeho bajt je ve Windows-1250 „ą“, "
+        "„ľ“ nebo „©“. Hlásí se první takový bajt každého souboru.",
         "The two code pages differ mainly in the letters š, ť and ž. A file that has their bytes of ISO-8859-2 beside "
-        "letters and none of the bytes 80 to 9F is most likely in it. The first such byte of each file is reported."},
+        "letters and none of the bytes 80 to 9F is most likely in it. One letter alone of š, ž and Š is no evidence, "
+        "for Windows-1250 has \"ą\", \"ľ\" or \"©\" there. The first such byte of each file is reported."},
     {Rule::DigitsLost, "digits-lost", RuleGroup::Records, Severity::Warning,
         "{0}: {1} se uloží jako {2}; hodnota se tím změní", "{0}: {1} will be saved as {2}, which is another value",
         "Reálná čísla se ukládají nejvýše na 7 platných číslic, celá (číslo zdroje, X, Y, výška, skupina, shluk) bez "

@@ -36,24 +36,30 @@ bool isLetter(std::string_view line, std::size_t at)
     return (byte >= 'A' && byte <= 'Z') || (byte >= 'a' && byte <= 'z') || byte >= 0xC0;
 }
 
-/// A byte that would be a letter of ISO-8859-2 stands where a letter is likely, and not the sign of Windows-1250:
-/// the signs © and ® stand apart or behind a word, quotation marks at its ends.
-bool isIsoLetter(std::string_view line, std::size_t at)
+/// How likely a byte is the letter of ISO-8859-2.
+enum class IsoEvidence { None, Weak, Strong };
+
+/// The sign ® stands apart or behind a word, quotation marks at its ends: a letter is likely elsewhere. But © may stand
+/// in front of a name, and where the other bytes are š or ž, ą or ľ of another language may be meant.
+IsoEvidence isoEvidence(std::string_view line, std::size_t at)
 {
+    const auto weak = [](bool isThere) { return isThere ? IsoEvidence::Weak : IsoEvidence::None; };
+    const auto strong = [](bool isThere) { return isThere ? IsoEvidence::Strong : IsoEvidence::None; };
     const bool hasBefore = at > 0 && isLetter(line, at - 1);
     const bool hasBehind = isLetter(line, at + 1);
     switch (static_cast<unsigned char>(line[at])) {
     case 0xA9:
+        return weak(hasBehind);
     case 0xAE:
-        return hasBehind;
+        return strong(hasBehind);
     case 0xAB:
     case 0xBB:
-        return hasBefore && hasBehind;
+        return strong(hasBefore && hasBehind);
     case 0xB9:
     case 0xBE:
-        return hasBefore || hasBehind;
+        return weak(hasBefore || hasBehind);
     default:
-        return false;
+        return IsoEvidence::None;
     }
 }
 
@@ -158,9 +164,12 @@ void CheckedText::checkByte(const CheckedLine& line, std::size_t at, bool isReco
 {
     const auto byte = static_cast<unsigned char>(line.bytes[at]);
     m_hasWindowsOnly = m_hasWindowsOnly || byte < 0xA0;
-    if (m_iso.line == 0 && isIsoLetter(line.bytes, at)) {
-        m_iso = line.placeOf(line.bytes.data() + at);
-        m_isoByte = byte;
+    if (const IsoEvidence evidence = isoEvidence(line.bytes, at); evidence != IsoEvidence::None) {
+        m_isIsoSure = m_isIsoSure || evidence == IsoEvidence::Strong || (m_iso.line != 0 && byte != m_isoByte);
+        if (m_iso.line == 0) {
+            m_iso = line.placeOf(line.bytes.data() + at);
+            m_isoByte = byte;
+        }
     }
     constexpr std::string_view undefined = "\x81\x83\x88\x90\x98";
     if (undefined.find(line.bytes[at]) == std::string_view::npos)
@@ -202,7 +211,7 @@ void CheckedText::reportUtf8()
 
 void CheckedText::reportIso88592()
 {
-    if (m_iso.line == 0 || m_hasWindowsOnly)
+    if (!m_isIsoSure || m_hasWindowsOnly)
         return;
     const auto* const letter = std::find_if(otherLetters.begin(), otherLetters.end(),
         [this](const OtherLetter& candidate) { return candidate.byte == m_isoByte; });

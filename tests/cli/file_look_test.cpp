@@ -137,8 +137,20 @@ std::vector<std::string> encodingOf(const std::string& name)
 
 TEST(Encoding, LettersOfIso88592AreTold)
 {
-    for (const char* const name : {"Hru\xB9ka", "\xAEilina", "\xA9kola", "K\xBE", "Va\xBB\xE1k"})
+    for (const char* const name :
+        {"Hru\xB9ka, \xBEupa", "\xAEilina", "\xA9kola, Hru\xB9ka", "k\xF9\xBE, \xB9k\xE1ra", "Va\xBB\xE1k"})
         EXPECT_THAT(encodingOf(name), ElementsAre("iso-8859-2")) << name;
+}
+
+TEST(Encoding, OneLetterThatBothCodePagesHaveIsNoEvidence)
+{
+    // "ľ" of Slovak and "ą" of Polish names, and a name behind the copyright sign.
+    for (const char* const name : {"Po\xBE"
+                                   "ana, kr\xE1\xBE",
+             "D\xB9"
+             "browa, k\xB9t",
+             "\xA9Nov\xE1k"})
+        EXPECT_THAT(encodingOf(name), IsEmpty()) << name;
 }
 
 TEST(Encoding, SignsOfWindows1250AreNoLetters)
