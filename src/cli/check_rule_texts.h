@@ -43,11 +43,11 @@ inline constexpr std::array<RuleText, ruleCount> ruleTexts{{
         "decimal comma in {0}: a comma ends the field and shifts all that follow; write a point (or a blank behind the "
         "comma, if these are two values)",
         "Čárka odděluje pole, číslo 3,5 se tedy čte jako dvě pole, 3 a 5, a všechna další pole se posunou. V bodech a "
-        "popisu se pozná podle chybějící mezery, v prachu podle počtu částic a součtu zastoupení.",
+        "popisu se pozná podle chybějící mezery nebo podle posunutých Alfa a Pd, v prachu podle počtu částic a součtu "
+        "zastoupení.",
         "A comma separates fields, so 3,5 is read as two fields, 3 and 5, and all fields behind it are shifted. In "
-        "points "
-        "and descriptions it is told by the missing blank, in dust by the count of particles and the sum of the "
-        "shares."},
+        "points and descriptions it is told by the missing blank or by shifted Alfa and Pd, in dust by the count of "
+        "particles and the sum of the shares."},
     {Rule::FieldCount, "field-count", RuleGroup::Records, Severity::Error, "záznam má {0} polí místo {1}; {2}",
         "the record has {0} fields instead of {1}; {2}",
         "Chybějící pole se čtou jako 0, nadbytečná se přeskočí. Bod má 7 polí a jméno za středníkem, popis 10 polí, "
