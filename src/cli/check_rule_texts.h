@@ -48,8 +48,8 @@ inline constexpr std::array<RuleText, ruleCount> ruleTexts{{
         "A comma separates fields, so 3,5 is read as two fields, 3 and 5, and all fields behind it are shifted. In "
         "points and descriptions it is told by the missing blank or by shifted Alfa and Pd, in dust by the count of "
         "particles and the sum of the shares."},
-    {Rule::FieldCount, "field-count", RuleGroup::Records, Severity::Error, "záznam má {0} polí místo {1}; {2}",
-        "the record has {0} fields instead of {1}; {2}",
+    {Rule::FieldCount, "field-count", RuleGroup::Records, Severity::Error, "záznam má {0} místo {1}; {2}",
+        "the record has {0} instead of {1}; {2}",
         "Chybějící pole se čtou jako 0, nadbytečná se přeskočí. Bod má 7 polí a jméno za středníkem, popis 10 polí, "
         "prach komína aspoň číslo, hustotu a skupinu (za odkazem na skupinu nic), skupina prachu aspoň číslo a počet. "
         "Sloupec ukazuje na první nadbytečné pole, nebo kam chybějící patří.",
