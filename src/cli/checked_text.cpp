@@ -69,23 +69,33 @@ bool isControl(char c)
     return (byte < ' ' && c != '\t') || byte == 0x7F;
 }
 
-/// Whether bytes may hold a control character: all lines are asked, and nearly none has any.
-bool mayHaveControl(std::string_view bytes)
-{
-    constexpr std::uint64_t highBits = 0x8080808080808080U;
-    constexpr std::uint64_t ones = 0x0101010101010101U;
-    for (; bytes.size() >= sizeof ones; bytes.remove_prefix(sizeof ones)) {
-        std::uint64_t word = 0;
-        std::memcpy(&word, bytes.data(), sizeof word);
-        const std::uint64_t low = word & ~highBits;
-        // Their high bits tell which bytes are at least a blank, and which are not 7F.
-        const std::uint64_t fromBlank = low + (0x80U - ' ') * ones;
-        const std::uint64_t below7F = ~(low + ones);
-        if ((((fromBlank & below7F) | word) & highBits) != highBits)
-            return true;
+/// What there may be to look for on a line: on nearly all nothing.
+struct LineLook {
+    bool isAscii = true;
+    bool mayHaveControl = false;  // a tab counts as one
+
+    static LineLook at(std::string_view line)
+    {
+        constexpr std::uint64_t ones = 0x0101010101010101U;
+        constexpr std::uint64_t highBits = 0x80U * ones;
+        if (line.size() < sizeof ones)
+            return {asciiLength(line) == line.size(), std::any_of(line.begin(), line.end(), isControl)};
+        // Of the high bits: those of the bytes, and whether a byte is below a blank, or 7F.
+        std::uint64_t upper = 0;
+        std::uint64_t control = 0;
+        const auto look = [&](std::size_t at) {
+            std::uint64_t word = 0;
+            std::memcpy(&word, line.data() + at, sizeof word);
+            const std::uint64_t low = word & ~highBits;
+            upper |= word;
+            control |= (~(low + (0x80U - ' ') * ones) | (low + ones)) & ~word;
+        };
+        for (std::size_t at = 0; at + sizeof ones < line.size(); at += sizeof ones)
+            look(at);
+        look(line.size() - sizeof ones);
+        return {(upper & highBits) == 0, (control & highBits) != 0};
     }
-    return std::any_of(bytes.begin(), bytes.end(), isControl);
-}
+};
 
 /// The number that a finding about a line belongs to.
 std::optional<std::int32_t> sourceOf(const CheckedLine& line, bool isRecord)
@@ -104,7 +114,8 @@ std::string hexadecimal(unsigned char byte)
 CheckedLine CheckedText::take(std::string_view bytes, std::size_t number, std::size_t size)
 {
     CheckedLine line{bytes, m_file, static_cast<std::uint32_t>(number)};
-    const bool isAscii = asciiLength(bytes) == bytes.size();
+    const LineLook look = LineLook::at(bytes);
+    const bool isAscii = look.isAscii;
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
     if (!isAscii && number == 1 && bytes.substr(0, byteOrderMark.size()) == byteOrderMark) {
         m_hasMark = true;
@@ -117,7 +128,7 @@ CheckedLine CheckedText::take(std::string_view bytes, std::size_t number, std::s
         m_utf8 = line.placeOf(line.bytes.data() + asciiLength(line.bytes));
     if (!isAscii && !line.isUtf8)
         takeLetters(line, isRecord);
-    if (mayHaveControl(line.bytes))
+    if (look.mayHaveControl)
         checkControls(line, isRecord);
     if (isRecord && size != bytes.size() + 2) {
         m_isLastOpen = size == bytes.size() && m_otherLineEnds == 0;

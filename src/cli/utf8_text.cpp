@@ -28,6 +28,13 @@ Look lookOf(char character)
     return character == ' ' ? Look::Blank : Look::Other;
 }
 
+/// The first byte of an accented letter, of a sign such as °, or of a dash or a quotation mark.
+bool isLead(char byte)
+{
+    const auto value = static_cast<unsigned char>(byte);
+    return (value >= 0xC2 && value <= 0xC5) || value == 0xE2;
+}
+
 /// Whether two bytes that make a character in UTF-8 stand where no word of the code page has them. The first one is a
 /// capital there (Â, Ă, Ä, Ĺ).
 bool isOddPair(std::string_view line, std::size_t at)
@@ -98,8 +105,9 @@ bool looksLikeUtf8(std::string_view line)
 
 Utf8Piece findUtf8Piece(std::string_view line)
 {
-    constexpr std::string_view leads = "\xC2\xC3\xC4\xC5\xE2";
-    for (std::size_t at = line.find_first_of(leads); at < line.size(); at = line.find_first_of(leads, at + 1)) {
+    for (std::size_t at = asciiLength(line); at + 1 < line.size(); ++at) {
+        if (!isLead(line[at]) || !isUtf8Continuation(line[at + 1]))
+            continue;
         const std::size_t length = utf8CharacterLength(line.substr(at));
         std::string encoded;
         if (length == 0 || appendCodePage(encoded, line.substr(at, length)) != 0)
