@@ -175,7 +175,7 @@ void addCalcCommand(CLI::App& app, CommandContext& context)
         context.text("Vypočte Vs, d nebo w0 bodových zdrojů, nebo X, Y liniových.",
             "Computes Vs, d or w0 of stacks, or X, Y of segments."));
     command
-        ->add_option(context.text("VELICINA", "QUANTITY"), arguments->quantity,
+        ->add_option(context.text("VELIČINA", "QUANTITY"), arguments->quantity,
             context.text("Co se počítá.", "What is computed."))
         ->required()
         ->check(CLI::IsMember({"vs", "d", "w0", "xy"}))

@@ -9,11 +9,12 @@ namespace korvex {
 
 inline constexpr std::array<RuleText, ruleCount> ruleTexts{{
     {Rule::WrongFile, "wrong-file", RuleGroup::Records, Severity::Error, "{0}", "{0}",
-        "Soubor jako celek není to, co se na jeho místě čeká: je prázdný, v UTF-16, binární, s jinými konci řádků, "
-        "nebo "
-        "je to jiný ze souborů soupisu. Jeho záznamy se pak nekontrolují a jinde se nehlásí, že chybějí.",
-        "The file as a whole is not what belongs in its place: it is empty, in UTF-16, binary, has other line ends, or "
-        "is another one of the inventory's files. Its records are then not checked, nor are they missed elsewhere."},
+        "Soubor jako celek není to, co se na jeho místě čeká: je v UTF-16, binární, s jinými konci řádků, nebo je to "
+        "jiný ze souborů soupisu. Jeho záznamy se pak nekontrolují a jinde se nehlásí, že chybějí. Soubor bez záznamů "
+        "chybou není.",
+        "The file as a whole is not what belongs in its place: it is in UTF-16, binary, has other line ends, or is "
+        "another one of the inventory's files. Its records are then not checked, nor are they missed elsewhere. A file "
+        "without records is no fault."},
     {Rule::NumberText, "number-text", RuleGroup::Records, Severity::Error, "{0}: {1} se čte jako {2}; napište jen {3}",
         "{0}: {1} is read as {2}; write {3} and nothing else",
         "Pole má být číslo. Program čte jen číslo, kterým pole začíná; co následuje, přeskočí, a pole, které číslem "
@@ -42,13 +43,13 @@ inline constexpr std::array<RuleText, ruleCount> ruleTexts{{
         "decimal comma in {0}: a comma ends the field and shifts all that follow; write a point (or a blank behind the "
         "comma, if these are two values)",
         "Čárka odděluje pole, číslo 3,5 se tedy čte jako dvě pole, 3 a 5, a všechna další pole se posunou. V bodech a "
-        "popisu se pozná podle chybějící mezery, v prachu podle počtu částic a součtu zastoupení.",
+        "popisu se pozná podle chybějící mezery nebo podle posunutých Alfa a Pd, v prachu podle počtu částic a součtu "
+        "zastoupení.",
         "A comma separates fields, so 3,5 is read as two fields, 3 and 5, and all fields behind it are shifted. In "
-        "points "
-        "and descriptions it is told by the missing blank, in dust by the count of particles and the sum of the "
-        "shares."},
-    {Rule::FieldCount, "field-count", RuleGroup::Records, Severity::Error, "záznam má {0} polí místo {1}; {2}",
-        "the record has {0} fields instead of {1}; {2}",
+        "points and descriptions it is told by the missing blank or by shifted Alfa and Pd, in dust by the count of "
+        "particles and the sum of the shares."},
+    {Rule::FieldCount, "field-count", RuleGroup::Records, Severity::Error, "záznam má {0} místo {1}; {2}",
+        "the record has {0} instead of {1}; {2}",
         "Chybějící pole se čtou jako 0, nadbytečná se přeskočí. Bod má 7 polí a jméno za středníkem, popis 10 polí, "
         "prach komína aspoň číslo, hustotu a skupinu (za odkazem na skupinu nic), skupina prachu aspoň číslo a počet. "
         "Sloupec ukazuje na první nadbytečné pole, nebo kam chybějící patří.",
@@ -75,6 +76,14 @@ inline constexpr std::array<RuleText, ruleCount> ruleTexts{{
         "zobrazí různě nebo soubor odmítnou. Bývá to znak z jiného kódování.",
         "Windows-1250 has no characters 81, 83, 88, 90 and 98. The program keeps them, but others show them in "
         "different ways or refuse the file. Mostly they come from another code page."},
+    {Rule::ControlCharacter, "control-character", RuleGroup::Records, Severity::Warning,
+        "bajt {0} (šestnáctkově) je řídicí znak; odstraňte jej",
+        "the byte {0} (hexadecimal) is a control character; delete it",
+        "Bajty 00 až 1F kromě tabulátoru a bajt 7F nejsou text: ve jméně nejsou vidět, znak 00 v mnoha programech text "
+        "ukončí, 0D je část konce řádku a 1B ovládá terminál. Hlásí se první na každém řádku.",
+        "The bytes 00 to 1F, a tab excepted, and the byte 7F are no text: nobody sees them in a name, 00 ends the text "
+        "for many programs, 0D is a part of a line end, and 1B controls a terminal. The first of each line is "
+        "reported."},
     {Rule::Utf8, "utf8", RuleGroup::Records, Severity::Error, "{0}", "{0}",
         "Kódování se nezjišťuje: písmena s diakritikou by ze souboru v UTF-8 byla načtena jako dvojice cizích znaků. "
         "Značka na začátku souboru (BOM) navíc způsobí, že první řádek není poznámkou; hlásí se i u textu ve "
@@ -82,6 +91,15 @@ inline constexpr std::array<RuleText, ruleCount> ruleTexts{{
         "The encoding is never guessed: accented letters of a file in UTF-8 are read as pairs of strange characters. "
         "A byte order mark moreover keeps the first line from being a comment; it is reported beside text in "
         "Windows-1250 too. The first such place of each file is reported."},
+    {Rule::Utf8Letters, "utf8-letters", RuleGroup::Records, Severity::Warning,
+        "„{0}“ je nejspíš „{1}“ v UTF-8, ostatní text řádku je ve Windows-1250; přepište je",
+        "\"{0}\" most likely is \"{1}\" in UTF-8, while the rest of the line is Windows-1250; rewrite it",
+        "Vložením z jiného programu se na řádek ve Windows-1250 dostane kus textu v UTF-8, z každého jeho písmene jsou "
+        "pak dvě. Pozná se podle dvojic, které v češtině, slovenštině ani němčině nestojí: velké písmeno uvnitř slova "
+        "nebo znaménko mezi písmeny. Slova z velkých písmen, například PAMÄŤ, se nehlásí. Hlásí se první na řádku.",
+        "Pasting from another program brings a piece of UTF-8 into a line of Windows-1250, and each of its letters "
+        "becomes two. It is told by pairs that stand in no Czech, Slovak or German word: a capital inside of a word, "
+        "or a sign between letters. Words in capitals such as PAMÄŤ are not reported. The first of each line is."},
     {Rule::Iso88592, "iso-8859-2", RuleGroup::Records, Severity::Warning,
         "text vypadá jako ISO-8859-2: bajt {0} by byl „{1}“, ve Windows-1250 je to „{2}“; soubor převeďte (iconv -f "
         "ISO-8859-2 -t WINDOWS-1250)",
@@ -89,15 +107,19 @@ inline constexpr std::array<RuleText, ruleCount> ruleTexts{{
         "file "
         "(iconv -f ISO-8859-2 -t WINDOWS-1250)",
         "Obě kódování se liší hlavně v písmenech š, ť a ž. Soubor, který má jejich bajty podle ISO-8859-2 u písmen a "
-        "žádný z bajtů 80 až 9F, je nejspíš v něm. Hlásí se první takový bajt každého souboru.",
+        "žádný z bajtů 80 až 9F, je nejspíš v něm. Jediné z písmen š, ž a Š nestačí, jeho bajt je ve Windows-1250 „ą“, "
+        "„ľ“ nebo „©“. Hlásí se první takový bajt každého souboru.",
         "The two code pages differ mainly in the letters š, ť and ž. A file that has their bytes of ISO-8859-2 beside "
-        "letters and none of the bytes 80 to 9F is most likely in it. The first such byte of each file is reported."},
+        "letters and none of the bytes 80 to 9F is most likely in it. One letter alone of š, ž and Š is no evidence, "
+        "for Windows-1250 has \"ą\", \"ľ\" or \"©\" there. The first such byte of each file is reported."},
     {Rule::DigitsLost, "digits-lost", RuleGroup::Records, Severity::Warning,
         "{0}: {1} se uloží jako {2}; hodnota se tím změní", "{0}: {1} will be saved as {2}, which is another value",
         "Reálná čísla se ukládají nejvýše na 7 platných číslic, celá (číslo zdroje, X, Y, výška, skupina, shluk) bez "
-        "desetinných míst. Delší číslo první uložení změní.",
+        "desetinných míst. Delší číslo první uložení změní. Poslední pole popisu bodového zdroje se nečte a uloží se "
+        "jako 0, ať v něm stojí cokoli.",
         "Reals are saved with 7 significant digits at most, whole numbers (source number, X, Y, altitude, group, "
-        "cluster) without decimals. The first save changes a longer number."},
+        "cluster) without decimals. The first save changes a longer number. The last field of a point source's "
+        "description is not read, and saved as 0 whatever it holds."},
     {Rule::Rewritten, "rewritten", RuleGroup::Records, Severity::Note, "{0} se uloží jako {1}",
         "{0} will be saved as {1}",
         "Hodnoty se nezmění, jen zápis řádku: jiné nuly, mezery, znaménko +, tvar exponentu, chybějící středník, konce "

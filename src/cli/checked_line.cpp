@@ -3,6 +3,7 @@
 #include "arithmetic_fault.h"
 #include "blanks.h"
 #include "code_page.h"
+#include "counted_noun.h"
 #include "fields.h"
 #include "message.h"
 #include "plain_number.h"
@@ -174,12 +175,12 @@ bool checkRecordNumber(
 void reportFieldCount(Findings& findings, const CheckedLine& line, std::optional<std::int32_t> source,
     const std::vector<std::string_view>& fields, std::size_t count, std::size_t expected)
 {
+    constexpr CountedNoun noun{"pole", "pole", "polí", "field", "fields"};
     const bool isShort = count < expected;
     const std::size_t surplus = isShort ? 0 : count - expected;
     const std::string_view at = trimBlanks(isShort ? fields.back() : fields[fields.size() - surplus]);
     findings.add(Rule::FieldCount, line.placeOf(isShort ? at.data() + at.size() : at.data()), source, [&] {
-        return std::array{integerText(static_cast<std::int32_t>(count)),
-            integerText(static_cast<std::int32_t>(expected)),
+        return std::array{counted(findings.language(), count, noun), countText(expected),
             isShort ? findings.text("chybějící se čtou jako 0, doplňte je", "missing ones are read as 0, fill them in")
                     : findings.text("nadbytečná se přeskočí; nejde o desetinnou čárku?",
                         "surplus ones are skipped; is there a decimal comma?")};

@@ -22,6 +22,8 @@ public:
 
 private:
     void takeLetters(const CheckedLine& line, bool isRecord);
+    void checkPiece(const CheckedLine& line, bool isRecord);
+    void checkControls(const CheckedLine& line, bool isRecord);
     void checkByte(const CheckedLine& line, std::size_t at, bool isRecord);
     void reportUtf8();
     void reportIso88592();
@@ -35,7 +37,8 @@ private:
     bool m_hasWindowsOnly = false;  // bytes that are controls in ISO-8859-2
     Place m_iso;                    // first byte that would rather be a letter of ISO-8859-2
     unsigned char m_isoByte = 0;
-    Place m_lineEnd;  // of the first record that does not end with CR LF
+    bool m_isIsoSure = false;  // one such byte that can hardly be anything else, or two different ones
+    Place m_lineEnd;           // of the first record that does not end with CR LF
     std::size_t m_otherLineEnds = 0;
     bool m_isLastOpen = false;  // that record ends with the file, and is the only one
 };

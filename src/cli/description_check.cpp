@@ -2,16 +2,19 @@
 
 #include "arithmetic_fault.h"
 #include "blanks.h"
+#include "check_limits.h"
 #include "decimal_comma.h"
 #include "fields.h"
 #include "message.h"
 #include "physics_check.h"
 #include "plain_number.h"
+#include "record_losses.h"
 #include "source.h"
 #include "source_type.h"
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -39,6 +42,36 @@ FieldKind parameterKind(const char* symbol)
 bool isComplete(const std::vector<std::string_view>& fields, const SourceType* type)
 {
     return type != nullptr && type->hasDust && fields.size() == fieldCount && trimBlanks(fields.back()) == "0";
+}
+
+const ParameterRange& rangeOf(const SourceType& type, Rule rule)
+{
+    return *std::find_if(parameterRanges.begin(), parameterRanges.end(),
+        [&](const ParameterRange& range) { return range.typeId == type.TypZdrojeId && range.rule == rule; });
+}
+
+bool isWithin(const ParameterRange& range, std::string_view field)
+{
+    try {
+        const float value = readSingle(field);
+        return value >= range.low && value <= range.high;
+    } catch (const ArithmeticFault&) {
+        return false;
+    }
+}
+
+/// Without its last field, and with a value torn by a decimal comma, a record has as many fields as a whole one. Where
+/// no blanks tell, Alfa and Pd do, which then stand one field too far. In a road the coordinates beside one another
+/// look like torn values as well.
+bool isShifted(const std::vector<std::string_view>& fields, const SourceType& type)
+{
+    if (fields.size() != fieldCount || symbolsOf(type) == roadSymbols)
+        return false;
+    const ParameterRange& use = rangeOf(type, Rule::RangeAlfa);
+    const ParameterRange& hours = rangeOf(type, Rule::RangePd);
+    const auto useAt = static_cast<std::size_t>(use.parameter) + 1;
+    const auto hoursAt = static_cast<std::size_t>(hours.parameter) + 1;
+    return !isWithin(use, fields[useAt]) && isWithin(use, fields[useAt + 1]) && isWithin(hours, fields[hoursAt + 1]);
 }
 
 /// Whether a record, from its first comma on, is nothing but nine numbers that a save keeps, with a blank in front of
@@ -110,8 +143,10 @@ void DescriptionCheck::take(const CheckedLine& line)
         return;
     }
     point->descriptionLine = line.number;
-    if (!isAsSaved)
+    if (!isAsSaved) {
+        checkConstant(line, point->number, *type, line.bytes.substr(line.bytes.rfind(',') + 1));
         checkForm(m_findings, line, point->number, saved);
+    }
     checkPhysics(m_findings, {line, *point, *type, parameters, m_pressure});
 }
 
@@ -128,6 +163,8 @@ void DescriptionCheck::checkOddRecord(const CheckedLine& line)
     const SourceType* const type = sourceTypeOf(point->typeId);
     if (!isComplete(fields, type))
         joinDecimalCommas(m_findings, line, number, fields, {fieldCount, fieldCount - 1, widestNumber});
+    if (type != nullptr && !isComplete(fields, type) && isShifted(fields, *type))
+        joinFirstTorn(line, *number, fields);
     if (fields.size() != fieldCount)
         reportFieldCount(m_findings, line, number, fields, fields.size(), fieldCount);
     if (type == nullptr)
@@ -141,10 +178,35 @@ void DescriptionCheck::checkOddRecord(const CheckedLine& line)
         isSound = isSound && state == NumberState::Sound;
         parameters[i] = state == NumberState::OutOfRange ? 0.0F : readSingle(fields[i + 1]);
     }
+    if (fields.size() == fieldCount)
+        checkConstant(line, *number, *type, fields.back());
     checkSavedForm(line, *number, *type);
     // Of a record with unreadable, missing or shifted fields the values mean nothing.
     if (isSound && fields.size() == fieldCount)
         checkPhysics(m_findings, {line, *point, *type, parameters, m_pressure});
+}
+
+void DescriptionCheck::joinFirstTorn(
+    const CheckedLine& line, std::int32_t number, std::vector<std::string_view>& fields)
+{
+    const auto torn = std::adjacent_find(fields.begin() + 1, fields.end(), canBeTorn);
+    if (torn == fields.end())
+        return;
+    reportDecimalComma(m_findings, line, number, fields, static_cast<std::size_t>(torn - fields.begin()));
+    *torn = joinedFields(*torn, *std::next(torn));
+    fields.erase(std::next(torn));
+}
+
+void DescriptionCheck::checkConstant(
+    const CheckedLine& line, std::int32_t number, const SourceType& type, std::string_view lastField)
+{
+    const std::string_view shown = trimBlanks(lastField);
+    if (!type.hasDust || shown.empty() || isSameNumber(shown, "0"))
+        return;
+    m_findings.add(Rule::DigitsLost, line.placeOf(shown.data()), number, [&] {
+        return std::array{m_findings.text("poslední pole", "the last field"), line.quoted(m_findings.language(), shown),
+            std::string("0")};
+    });
 }
 
 void DescriptionCheck::checkSavedForm(const CheckedLine& line, std::int32_t number, const SourceType& type)

@@ -4,6 +4,7 @@
 #include "command_files.h"
 #include "difference.h"
 #include "json_output.h"
+#include "message.h"
 #include "source_columns.h"
 #include "statistics_report.h"
 
@@ -53,8 +54,8 @@ public:
         if (m_difference.empty())
             return;
         if (m_difference.commentDiffers)
-            m_context.out << m_context.text("poznámka: ", "comment: ") << m_before.comment << " -> " << m_after.comment
-                          << '\n';
+            m_context.out << m_context.text("poznámka: ", "comment: ") << printable(m_before.comment) << " -> "
+                          << printable(m_after.comment) << '\n';
         if (!m_difference.dustCompared)
             m_context.out << m_context.text("prach: soubor má jen jedna strana, neporovnává se\n",
                 "dust: only one side has the file, it is not compared\n");
@@ -68,8 +69,8 @@ public:
         for (const SourceChange& change : m_difference.changed) {
             printSource('~', m_before.set.at(change.oldPosition));
             for (const FieldChange& field : change.fields)
-                m_context.out << "    " << sourceColumns[field.column].name << ": " << field.before << " -> "
-                              << field.after << '\n';
+                m_context.out << "    " << sourceColumns[field.column].name << ": " << printable(field.before) << " -> "
+                              << printable(field.after) << '\n';
         }
         printSums();
     }
@@ -100,7 +101,7 @@ private:
 
     void printSource(char sign, const cZdroje& source)
     {
-        m_context.out << sign << ' ' << source.ICZ() << ' ' << source.NazevZdroje() << '\n';
+        m_context.out << sign << ' ' << source.ICZ() << ' ' << printable(source.NazevZdroje()) << '\n';
     }
 
     void printSums()

@@ -9,7 +9,7 @@
 
 namespace korvex {
 
-/// Reports a file that is empty, no text of the code page, or another one of an inventory's files. True when its
+/// Reports a file that is no text of the code page, or another one of an inventory's files. True when its
 /// records are worth checking.
 [[nodiscard]] Result<bool> looksRight(Findings& findings, CheckedFile kind, const std::string& path, FileCalls& calls);
 

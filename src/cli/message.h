@@ -14,7 +14,10 @@ namespace korvex {
 void appendFilled(std::string& out, std::string_view pattern, std::span<const std::string_view> values);
 [[nodiscard]] std::string filled(std::string_view pattern, const std::vector<std::string>& values);
 
-/// The beginning of a text from a file (UTF-8) between quotation marks; what cannot be printed is "?".
+/// A text (UTF-8) from a file for a terminal: control characters, which it would obey, are written as \x1B.
+[[nodiscard]] std::string printable(std::string_view utf8);
+
+/// The beginning of a text from a file (UTF-8) between quotation marks, printable.
 [[nodiscard]] std::string quotedText(Language language, std::string_view utf8);
 
 }  // namespace korvex

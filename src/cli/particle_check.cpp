@@ -3,6 +3,7 @@
 #include "arithmetic_fault.h"
 #include "blanks.h"
 #include "check_limits.h"
+#include "counted_noun.h"
 #include "decimal_comma.h"
 #include "number_text.h"
 #include "plain_number.h"
@@ -81,8 +82,7 @@ void reportCount(Findings& findings, const CheckedLine& line, std::optional<std:
     std::string_view countField, std::size_t values, std::size_t expected)
 {
     findings.add(Rule::ParticleCount, line.placeOf(trimBlanks(countField).data()), source, [&] {
-        return std::array{integerText(static_cast<std::int32_t>(expected / 2)),
-            integerText(static_cast<std::int32_t>(values)), singleText(static_cast<float>(expected))};
+        return std::array{integerText(readInteger(countField)), countText(values), countText(expected)};
     });
 }
 

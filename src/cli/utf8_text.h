@@ -19,4 +19,12 @@ namespace korvex {
 /// of a character would have to meet by chance, and make one that the code page has as well.
 [[nodiscard]] bool looksLikeUtf8(std::string_view line);
 
+/// Where the first character stands that is most likely UTF-8, on a line that is otherwise of the code page, with its
+/// length; length 0: there is none.
+struct Utf8Piece {
+    std::size_t at = 0;
+    std::size_t length = 0;
+};
+[[nodiscard]] Utf8Piece findUtf8Piece(std::string_view line);
+
 }  // namespace korvex

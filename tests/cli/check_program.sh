@@ -81,6 +81,20 @@ says out "Příklady:"
 run 0 --version
 says out "korvexzdr-cli "
 
+# What a terminal would obey is shown instead.
+mkdir "$work/escape"
+cp "${inventory[@]}" "$work/escape"
+escaped=("$work/escape/body.txt" "$work/escape/popis.txt" "$work/escape/prach.txt")
+LC_ALL=C sed -i '0,/kotel/s//\x1b[2Jkotel\x90/' "${escaped[0]}"
+run 1 diff "${inventory[@]}" "${escaped[@]}"
+says out '\x1B[2Jkotel\x90'
+if LC_ALL=C grep -q $'\x1b\|\xc2\x90' "$work/out"; then
+    echo "diff prints control characters" >&2
+    failures=$((failures + 1))
+fi
+run 1 check "${escaped[@]}" --only control-character
+says out "bajt 1B (šestnáctkově) je řídicí znak"
+
 run 0 stat "${inventory[@]}"
 says out "Délka liniových zdrojů: 3532.575 m"
 run 0 stat "${inventory[@]}" --json

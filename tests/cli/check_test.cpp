@@ -1,6 +1,7 @@
 // The check as a whole: faults planted in small inventories are found, each at its place, and nothing else is.
 #include "check_report.h"
 #include "inventory_check.h"
+#include "inventory_files.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -193,6 +194,39 @@ TEST(Check, AMessageTellsValueLimitUnitAndWhatToDo)
     ASSERT_FALSE(findings.sorted().empty());
     EXPECT_EQ(findings.message(findings.sorted().front()),
         "w0 = 0 m/s is outside 0.01 to 125 m/s; the exit velocity is in m/s, it can be calculated from Vs, ts and d");
+}
+
+/// The messages about the dust "1800,0,…" of one source.
+std::vector<std::string> dustMessages(const std::string& dust, Language language)
+{
+    const test::TemporaryFolder folder;
+    const CheckRequest request{
+        {folder.write("body.txt", "000000001, 0641862, 1078344, 0431, 1, 1, 1 ;x\r\n"),
+            folder.write("popis.txt", "000000001, 0.16, 32, 3.119339, 145, 0.8, 9.5, 0.45, 24, 0\r\n"),
+            folder.write("prach.txt", "000000001" + dust + "\r\n")},
+        "", 101325.0F};
+    Findings findings(language, 0, {});
+    EXPECT_TRUE(checkInventory(request, findings).ok());
+    std::vector<std::string> messages;
+    for (const Finding& finding : findings.sorted())
+        messages.push_back(findings.message(finding));
+    return messages;
+}
+
+TEST(Check, ACountOfParticlesIsToldAsItIsWritten)
+{
+    EXPECT_THAT(dustMessages(",1800,0,-1,2.5,1", Language::English),
+        ElementsAre(HasSubstr("the count of particles is -1, but 2 values follow instead of 0;")));
+    EXPECT_THAT(dustMessages(",1800,0,2000000000,2.5,1", Language::English),
+        ElementsAre(HasSubstr("is 2000000000, but 2 values follow instead of 4000000000;")));
+}
+
+TEST(Check, ACountOfFieldsIsFollowedByTheRightForm)
+{
+    EXPECT_THAT(dustMessages("", Language::Czech), ElementsAre(HasSubstr("záznam má 1 pole místo 3;")));
+    EXPECT_THAT(dustMessages(",1800", Language::Czech), ElementsAre(HasSubstr("záznam má 2 pole místo 3;")));
+    EXPECT_THAT(dustMessages(",1800,2,1,2", Language::Czech), ElementsAre(HasSubstr("záznam má 5 polí místo 3;")));
+    EXPECT_THAT(dustMessages("", Language::English), ElementsAre(HasSubstr("the record has 1 field instead of 3;")));
 }
 
 TEST(CheckReport, ALineNamesFileLineColumnSeverityRuleAndSource)

@@ -93,9 +93,18 @@ TEST(Message, PlacesAreFilledOnceAndInAnyOrder)
     EXPECT_EQ(filled("{x}{0}", values), "{x}a");
 }
 
+TEST(Message, ControlCharactersAreShownAndNotObeyed)
+{
+    using namespace std::string_view_literals;
+    EXPECT_EQ(printable("\x1B[2J\r\x7F\0x"sv), "\\x1B[2J\\x0D\\x7F\\x00x");
+    EXPECT_EQ(printable("\u009B31m°\u00A0č"), "\\x9B31m°\u00A0č");
+    EXPECT_EQ(printable("\xC2"), "\xC2");
+    EXPECT_EQ(printable("Výtopna – 1"), "Výtopna – 1");
+}
+
 TEST(Message, LongAndUnprintableTextsAreCut)
 {
-    EXPECT_EQ(quotedText(Language::English, "a\tb"), "\"a?b\"");
+    EXPECT_EQ(quotedText(Language::English, "a\tb"), "\"a\\x09b\"");
     EXPECT_EQ(quotedText(Language::Czech, "ř"), "„ř“");
     EXPECT_EQ(quotedText(Language::English, std::string(50, 'x')), '"' + std::string(40, 'x') + "…\"");
 }

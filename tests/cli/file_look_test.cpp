@@ -77,11 +77,30 @@ TEST(FileLook, Utf16IsKnownWithAndWithoutItsMark)
     }
 }
 
-TEST(FileLook, EmptyAndBinaryFilesAreOneFinding)
+TEST(FileLook, FilesWithoutARecordAreSound)
+{
+    const TemporaryFolder folder;
+    for (const std::string_view bytes : {"", ";", ";SOUBOR S BODY\r\n;x\r\n", ";x\r\n\r\n"}) {
+        const SourceFiles files{
+            folder.write("body.txt", bytes), folder.write("popis.txt", bytes), folder.write("prach.txt", bytes)};
+        Findings findings(Language::English, 0, {});
+        EXPECT_TRUE(checkInventory({files, folder.write("skupiny.spr", bytes), 101325.0F}, findings).ok());
+        EXPECT_EQ(findings.count(), 0U) << bytes;
+    }
+    EXPECT_THAT(messagesWith(3, ";"), testing::Each(HasSubstr("there is no dust group")));
+}
+
+TEST(FileLook, WhatTheOtherFilesMissInAFileWithoutARecordIsToldOfThem)
+{
+    using testing::Each;
+    EXPECT_THAT(messagesWith(0, ""), Each(HasSubstr("belongs to no point")));
+    EXPECT_THAT(messagesWith(1, ""), testing::Contains(HasSubstr("has no record in the description file")).Times(16));
+    EXPECT_THAT(messagesWith(2, ""), AllOf(testing::SizeIs(16), Each(HasSubstr("no record in the dust file"))));
+}
+
+TEST(FileLook, BinaryFilesAreOneFinding)
 {
     for (std::size_t file = 0; file < names.size(); ++file) {
-        EXPECT_THAT(messagesWith(file, ""), ElementsAre("the file is empty"));
-        EXPECT_THAT(messagesWith(file, ";x\r\n\r\n"), ElementsAre("the file holds no record"));
         EXPECT_THAT(messagesWith(file, std::string("PK\3\4\0\0\0\0\0\0", 10)), ElementsAre(HasSubstr("is no text")));
         EXPECT_THAT(messagesWith(file, "1, 2\r3, 4\r"), ElementsAre(HasSubstr("end with CR alone")));
     }
@@ -96,7 +115,7 @@ TEST(FileLook, FaultyRecordsDoNotMakeAFileAnother)
     // A stray zero byte is a fault of its line.
     std::string name = exampleBytes(0);
     name[name.find("kotel")] = '\0';
-    EXPECT_THAT(messagesWith(0, name), IsEmpty());
+    EXPECT_THAT(messagesWith(0, name), ElementsAre(HasSubstr("the byte 00 (hexadecimal) is a control character")));
 }
 
 /// The rules that a points file with such a name breaks.
@@ -118,8 +137,20 @@ std::vector<std::string> encodingOf(const std::string& name)
 
 TEST(Encoding, LettersOfIso88592AreTold)
 {
-    for (const char* const name : {"Hru\xB9ka", "\xAEilina", "\xA9kola", "K\xBE", "Va\xBB\xE1k"})
+    for (const char* const name :
+        {"Hru\xB9ka, \xBEupa", "\xAEilina", "\xA9kola, Hru\xB9ka", "k\xF9\xBE, \xB9k\xE1ra", "Va\xBB\xE1k"})
         EXPECT_THAT(encodingOf(name), ElementsAre("iso-8859-2")) << name;
+}
+
+TEST(Encoding, OneLetterThatBothCodePagesHaveIsNoEvidence)
+{
+    // "ľ" of Slovak and "ą" of Polish names, and a name behind the copyright sign.
+    for (const char* const name : {"Po\xBE"
+                                   "ana, kr\xE1\xBE",
+             "D\xB9"
+             "browa, k\xB9t",
+             "\xA9Nov\xE1k"})
+        EXPECT_THAT(encodingOf(name), IsEmpty()) << name;
 }
 
 TEST(Encoding, SignsOfWindows1250AreNoLetters)

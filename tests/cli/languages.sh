@@ -106,7 +106,7 @@ complains 'Volba --max: nepřípustná hodnota „-1“; přípustné je nejmén
 complains 'pravidlo zz není; všechna vypíše --explain all' check a b --skip zz
 complains 'Volba --on-conflict: nepřípustná hodnota „x“; přípustné jsou: fail, keep, replace, renumber.' \
     merge a b + c d --on-conflict x -o e f
-complains 'Argument VELICINA: nepřípustná hodnota „q“; přípustné jsou: vs, d, w0, xy.' calc q a b
+complains 'Argument VELIČINA: nepřípustná hodnota „q“; přípustné jsou: vs, d, w0, xy.' calc q a b
 complains 'Volba --force: zadává se bez hodnoty.' restore --force=ano
 complains 'Volba --json: zadává se bez hodnoty.' --json=ano stat a b
 

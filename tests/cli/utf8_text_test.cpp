@@ -1,7 +1,11 @@
 // Which lines are taken for UTF-8 and which for the code page.
 #include "utf8_text.h"
 
+#include "code_page.h"
+
 #include <gtest/gtest.h>
+
+#include <string>
 
 namespace korvex {
 namespace {
@@ -30,6 +34,40 @@ TEST(Utf8Text, TwoLettersOfTheCodePageThatMakeACharacterItLacksDoNot)
 {
     EXPECT_FALSE(looksLikeUtf8("\xDA\x9Elabina"));  // "Úžlabina"
     EXPECT_FALSE(looksLikeUtf8("\xDA\x9At\xECk"));  // "Úštěk"
+}
+
+/// What stands on a line: only the piece in UTF-8.
+struct PieceCase {
+    const char* before;
+    const char* piece;
+    const char* behind;
+};
+
+class Utf8Pieces : public testing::TestWithParam<PieceCase> { };
+
+TEST_P(Utf8Pieces, AreFoundOnALineOfTheCodePage)
+{
+    const std::string before = encodeCodePage(GetParam().before);
+    const std::string piece = GetParam().piece;
+    const Utf8Piece found = findUtf8Piece(before + piece + encodeCodePage(GetParam().behind));
+    EXPECT_EQ(found.at, before.size());
+    EXPECT_EQ(found.length, piece.size());
+}
+
+INSTANTIATE_TEST_SUITE_P(Lines, Utf8Pieces,
+    testing::Values(PieceCase{"Výtopna, pec ", "č", ". 1"}, PieceCase{"Ve", "č", "eř"}, PieceCase{"", "Ž", "lutý kůň"},
+        PieceCase{"u ", "ř", "eky, přístavek"}, PieceCase{"obc", "í", ", Výtopna"}, PieceCase{"Kůlna HRU", "Š", "KA"},
+        PieceCase{"", "Č", "ERPADLO VÝTOPNY"}, PieceCase{"GARÁ", "ž", ""}, PieceCase{"pára 150 ", "°", "C"},
+        PieceCase{"kůl ", "–", " pec"}, PieceCase{"Köln, M", "ü", "ller"}, PieceCase{"ka", "ň", "on, šachta"},
+        PieceCase{"žltá po", "ľ", "ana"}, PieceCase{"S", "ä", "ge, Größe"}));
+
+TEST(Utf8Text, CzechSlovakAndGermanNamesOfTheCodePageHaveNoPieces)
+{
+    for (const char* const name : {"PŘÍLIŠ ŽLUŤOUČKÝ KŮŇ ÚPĚL ĎÁBELSKÉ ÓDY", "Příliš žluťoučký kůň úpěl ďábelské ódy",
+             "KŇOŽA, DAŇ, BŘEŽANY, MĚŽÍN, TŘEŠŤ, Úžlabí, Údolí", "PAMÄŤ, PÄŤDESIAT, DEVÄŤ, VÄŽENIE",
+             "STĹP, stĺp, DĹŽKA, TĹŠŤ, KRÁĽ, VŔŠKY, VÔBEC", "mäkkeň, môže, väčší, kĺže, ľalia, Poľana",
+             "ÄPFEL, Ärzte, GERÄT, SÄGEWERK, GRÖSSE, Straße", "„SÄGE Ä“, Ä”, A–Ä, Ä – Ö", "»SÄ«, Ä… Â, 150 °C"})
+        EXPECT_EQ(findUtf8Piece(encodeCodePage(name)).length, 0U) << name;
 }
 
 TEST(Utf8Text, MalformedCharactersAreNone)
