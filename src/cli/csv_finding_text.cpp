@@ -46,6 +46,10 @@ constexpr std::array faultTexts{
         "an area has Delta_h_m when d and w0 are both zero, and ts_C otherwise"},
     FaultText{CsvFault::Semicolon, "název nesmí obsahovat středník", "a name cannot hold a semicolon"},
     FaultText{CsvFault::LineEnd, "text nesmí obsahovat konec řádku", "a text cannot hold a line end"},
+    FaultText{CsvFault::ControlCharacter, "text má řídicí znak", "the text has a control character"},
+    FaultText{CsvFault::UnusualDust,
+        "prach není „hustota,skupina“ ani „hustota,0,počet“ s tolika dvojicemi průměr,zastoupení",
+        "the dust is neither \"density,group\" nor \"density,0,count\" with as many pairs diameter,share"},
     FaultText{CsvFault::NotInCodePage, "znak, který kódová stránka souborů nemá",
         "a character that the code page of the files lacks"},
     FaultText{

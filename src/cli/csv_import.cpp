@@ -24,6 +24,13 @@ namespace korvex {
 
 namespace {
 
+/// What no name has a use for. A tab is blank space.
+bool isControl(char c)
+{
+    const auto byte = static_cast<unsigned char>(c);
+    return (byte < 0x20 && c != '\t') || byte == 0x7F;
+}
+
 constexpr std::size_t commentIndex = column::Count;
 constexpr std::size_t geometryIndex = column::Count + 1;
 constexpr std::size_t knownColumns = column::Count + 2;
@@ -287,6 +294,8 @@ private:
             findAt(column, CsvFault::NotInCodePage);
         if (text.find('\n') != std::string::npos)
             findAt(column, CsvFault::LineEnd);
+        else if (std::any_of(text.begin(), text.end(), isControl))
+            findAt(column, CsvFault::ControlCharacter);
         if (column == column::Name && text.find(';') != std::string::npos)
             findAt(column, CsvFault::Semicolon);
         return text;
@@ -330,8 +339,12 @@ private:
     {
         if (!has(column::Dust))
             return std::string(SourceTexts::newDust);
-        if (type.hasDust)
+        if (type.hasDust) {
+            const std::string& text = fieldOf(column::Dust).text;
+            if (text.find('\n') == std::string::npos && !isDustText(text))
+                findAt(column::Dust, CsvFault::UnusualDust);
             return textOf(column::Dust);
+        }
         if (!fieldOf(column::Dust).text.empty())
             findAt(column::Dust, CsvFault::NotOfType);
         return std::string(SourceTexts::newDust);
@@ -401,6 +414,8 @@ bool isAcceptable(CsvFault fault)
 {
     switch (fault) {
     case CsvFault::UnusualValue:
+    case CsvFault::UnusualDust:
+    case CsvFault::ControlCharacter:
     case CsvFault::Rounded:
     case CsvFault::DoubledNumber:
     case CsvFault::SharedDescription:

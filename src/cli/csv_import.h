@@ -34,6 +34,8 @@ enum class CsvFault {
     TemperatureOfPlume,  // d and w0 are 0, so the area source has a plume rise and no temperature, or the reverse
     Semicolon,
     LineEnd,
+    ControlCharacter,
+    UnusualDust,  // neither a group nor as many particles as it says
     NotInCodePage,
     CommentDiffers,
     CommentBlanks,  // it would be trimmed

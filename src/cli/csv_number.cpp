@@ -1,11 +1,14 @@
 #include "csv_number.h"
 
+#include "blanks.h"
 #include "number_text.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstddef>
+#include <system_error>
+#include <vector>
 
 namespace korvex {
 
@@ -151,6 +154,38 @@ std::optional<std::string> roundedInFile(std::string_view plain, float value)
     if (plain == written || Decimal(plain) == Decimal(written))
         return std::nullopt;
     return written;
+}
+
+bool isDustText(std::string_view text)
+{
+    std::vector<std::string_view> fields;
+    for (std::size_t end = 0; end != std::string_view::npos; text.remove_prefix(std::min(end + 1, text.size()))) {
+        end = text.find(',');
+        fields.push_back(trimBlanks(text.substr(0, end)));
+        if (end == std::string_view::npos)
+            break;
+    }
+    constexpr std::size_t groupField = 1;
+    constexpr std::size_t countField = 2;
+    DecimalMark point(',');
+    std::string plain;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const bool isNumber = i == groupField || i == countField
+            ? isWholeNumber(fields[i])
+            : point.take(fields[i], plain) == DecimalMark::Form::Real;
+        if (!isNumber)
+            return false;
+    }
+    if (fields.size() <= groupField)
+        return false;
+    const bool hasGroup = fields[groupField].find_first_not_of("+-0") != std::string_view::npos;
+    if (hasGroup)
+        return fields.size() == groupField + 1;
+    std::size_t particles = 0;
+    const std::string_view count = fields.size() > countField ? fields[countField] : std::string_view();
+    const auto read = std::from_chars(count.data(), count.data() + count.size(), particles);
+    return read.ec == std::errc() && read.ptr == count.data() + count.size()
+        && fields.size() == countField + 1 + 2 * particles;
 }
 
 }  // namespace korvex

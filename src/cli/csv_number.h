@@ -14,6 +14,10 @@ namespace korvex {
 /// with a single point or comma, which could as well be a decimal mark.
 [[nodiscard]] bool hasThousandsSeparators(std::string_view text);
 
+/// A stack's dust as the window writes it: "density,group", or "density,0,n" and n pairs of diameter and share. Blanks
+/// around the numbers do not matter; the decimal mark is the point.
+[[nodiscard]] bool isDustText(std::string_view text);
+
 /// The decimal mark of a table. Where fields are parted by something else than a comma it is the one of the first real
 /// that has any: then a point in a table of decimal commas, likely a separator of thousands, is not taken for one.
 class DecimalMark {

@@ -129,6 +129,7 @@ void run(CommandContext& context, const ImportArguments& arguments)
         return;
     }
     if (!fitsDust(context, arguments, inventory.hasDust)
+        || replacesInput(context, {arguments.csv, {}, {}}, pathsOf(files))
         || !mayOverwrite(context, pathsOf(files), arguments.output.force))
         return;
     const std::string comment = arguments.comment.value_or(inventory.comment);
@@ -171,10 +172,10 @@ void addImportCommand(CLI::App& app, CommandContext& context)
         ->type_name("N");
     addForceOption(*command, context, arguments->output.force);
     command->add_flag("--accept-losses", arguments->output.acceptLosses,
-        context.text("Zapíše i s nálezy, které zápisu nebrání: zaokrouhlené hodnoty, Alfa a Pd mimo rozsah, opakovaná "
-                     "čísla zdrojů, posunutý prach.",
-            "Writes in spite of findings that do not prevent it: rounded values, Alfa and Pd out of range, repeated "
-            "source numbers, shifted dust."));
+        context.text("Zapíše i s nálezy, které zápisu nebrání: zaokrouhlené hodnoty, Alfa a Pd mimo rozsah, "
+                     "neobvyklý prach, řídicí znaky, opakovaná čísla zdrojů, posunutý prach.",
+            "Writes in spite of findings that do not prevent it: rounded values, Alfa and Pd out of range, unusual "
+            "dust, control characters, repeated source numbers, shifted dust."));
     addDustOption(*command, context, arguments->output.withoutDust);
     command->footer(context.text("Příklad: korvexzdr-cli import --csv zdroje.csv body.txt popis.txt prach.txt",
         "Example: korvexzdr-cli import --csv zdroje.csv body.txt popis.txt prach.txt"));

@@ -145,7 +145,18 @@ TEST(CsvImport, AValueThatIsNoneIsFoundWhereItStands)
         {1, "nazev", "a;b", CsvFault::Semicolon},
         {1, "nazev", "a\nb", CsvFault::LineEnd},
         {1, "nazev", "Ω", CsvFault::NotInCodePage},
+        {1, "nazev", "x\x1By", CsvFault::ControlCharacter},
+        {1, "nazev", std::string_view("x\0", 2), CsvFault::ControlCharacter},
         {1, "prach", "1800\n", CsvFault::LineEnd},
+        {1, "prach", "", CsvFault::UnusualDust},
+        {1, "prach", "abc", CsvFault::UnusualDust},
+        {1, "prach", "5", CsvFault::UnusualDust},
+        {1, "prach", "0,0", CsvFault::UnusualDust},
+        {1, "prach", "1800;0", CsvFault::UnusualDust},
+        {1, "prach", "1 800,0,0", CsvFault::UnusualDust},
+        {1, "prach", "1800,2,1", CsvFault::UnusualDust},
+        {1, "prach", "1800,0,4,2.5,0.3", CsvFault::UnusualDust},
+        {1, "prach", "1800,0,1,2,5,1,0", CsvFault::UnusualDust},
         {3, "soupis", " okraje", CsvFault::CommentBlanks},
         {1, "WKT", "POINT (10 21)", CsvFault::GeometryDiffers},
     };
@@ -369,14 +380,25 @@ TEST(CsvImport, AHeaderAloneIsAnInventoryWithoutSources)
     EXPECT_TRUE(read.set.empty());
 }
 
-TEST(CsvImport, TextsMayHoldACarriageReturnOrNulAndAnyLength)
+TEST(CsvImport, TextsMayHaveAnyLength)
 {
     const std::string longName(1 << 20, 'x');
-    for (const std::string& name : {std::string("a\rb"), std::string("a\0b", 3), longName}) {
+    Table table;
+    table.set(1, "nazev", longName);
+    const CsvInventory read = readCsv(table.text(), GeometryColumn::Check);
+    EXPECT_THAT(read.findings, IsEmpty());
+    EXPECT_EQ(read.set.at(1).values().name, longName);
+}
+
+TEST(CsvImport, ControlCharactersAreKeptWhereTheyAreAccepted)
+{
+    for (const std::string& name : {std::string("a\rb"), std::string("a\0b", 3)}) {
         Table table;
         table.set(1, "nazev", name);
         const CsvInventory read = readCsv(table.text(), GeometryColumn::Check);
-        EXPECT_THAT(read.findings, IsEmpty());
+        ASSERT_EQ(read.findings.size(), 1U);
+        EXPECT_EQ(read.findings[0].fault, CsvFault::ControlCharacter);
+        EXPECT_TRUE(isAcceptable(CsvFault::ControlCharacter));
         EXPECT_EQ(read.set.at(1).values().name, name);
     }
 }
