@@ -183,9 +183,8 @@ void addCalcCommand(CLI::App& app, CommandContext& context)
     const std::vector<CLI::Option*> inputs = addInventoryArguments(*command, context, arguments->input);
     command
         ->add_option("--pressure", arguments->pressure,
-            context.text(
-                "Tlak vzduchu (výchozí 101325). Platí pro vs, d i w0; okno má u hromadného výpočtu zadaný tlak "
-                "jen pro Vs a d a w0 počítá vždy s tlakem programu.",
+            context.text("Tlak vzduchu (výchozí 101325). Platí pro vs, d i w0. V okně platí tlak zadaný "
+                         "u hromadného výpočtu jen pro Vs; d a w0 tam vždy vycházejí z tlaku programu.",
                 "Air pressure (default 101325). Holds for vs, d and w0; in the window the pressure typed for a batch "
                 "run "
                 "acts on Vs alone, d and w0 always use the program's pressure."))

@@ -35,8 +35,8 @@ std::vector<Rule> rulesOf(const CommandContext& context, const std::vector<std::
     for (const std::string& name : names) {
         const auto rule = ruleNamed(name);
         if (!rule) {
-            throw CLI::ValidationError(context.text("pravidlo ", "the rule ") + name
-                + context.text(" není; všechna vypíše --explain all", " does not exist; --explain all prints all"));
+            throw CLI::ValidationError(context.text("Pravidlo „", "There is no rule \"") + name
+                + context.text("“ není; všechna vypíše --explain all.", "\"; --explain all prints all."));
         }
         rules.push_back(*rule);
     }
@@ -211,7 +211,7 @@ void addCheckCommand(CLI::App& app, CommandContext& context)
             context.text("Tlak vzduchu v Pa, pro který platí Vs (výchozí 101325).",
                 "Air pressure in Pa that Vs belongs to (101325 by default)."))
         ->check(CLI::Range(lowestPressure, highestPressure).description(""))
-        ->type_name("PA");
+        ->type_name("Pa");
     command
         ->add_option("--max", options->most,
             context.text("Kolik nálezů se vypíše; 0 všechny (výchozí 1000). Počítají se vždy všechny.",

@@ -456,8 +456,10 @@ bool write(CommandContext& context, const SourceFiles& files, const std::string&
     sayMore(context, distortions.size());
     if (!distortions.empty()) {
         if (!arguments.acceptLosses) {
-            context.fail(context.text("Uvedené zdroje by se nenačetly, jak jsou; nic se nezapsalo (--accept-losses).",
-                "The sources named would not be read as they are; nothing was written (--accept-losses)."));
+            context.fail(context.text(
+                "Uvedené zdroje by se příště načetly jinak, nic se nezapsalo. Se --accept-losses se zapíše i tak.",
+                "The sources named would be read otherwise, nothing was written. With --accept-losses it is written "
+                "all the same."));
             return false;
         }
         context.outcome = Outcome::Findings;

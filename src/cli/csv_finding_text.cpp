@@ -53,9 +53,9 @@ constexpr std::array faultTexts{
     FaultText{CsvFault::NotInCodePage, "znak, který kódová stránka souborů nemá",
         "a character that the code page of the files lacks"},
     FaultText{
-        CsvFault::CommentDiffers, "jiná poznámka než v dřívějším řádku", "another comment than in an earlier row"},
+        CsvFault::CommentDiffers, "jiná poznámka než na dřívějším řádku", "another comment than in an earlier row"},
     FaultText{CsvFault::CommentBlanks, "poznámka má na kraji mezeru", "the comment has a blank at its end"},
-    FaultText{CsvFault::GeometryDiffers, "geometrie nesouhlasí se souřadnicemi v řádku (--ignore-wkt)",
+    FaultText{CsvFault::GeometryDiffers, "geometrie nesouhlasí se souřadnicemi na řádku (--ignore-wkt)",
         "the geometry does not agree with the coordinates of the row (--ignore-wkt)"},
     FaultText{CsvFault::DoubledNumber, "stejné číslo má už zdroj na řádku {1}",
         "the source on line {1} has this number already"},

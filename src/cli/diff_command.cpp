@@ -218,17 +218,17 @@ void addDiffCommand(CLI::App& app, CommandContext& context)
         context.text("Jiné pořadí zdrojů není rozdíl.", "Another order of the sources is no difference."));
     command->add_flag("--without-dust", arguments->withoutDust,
         context.text("Prach se nečte ani neporovnává.", "Dust is neither read nor compared."));
-    command->footer(
-        context.text("Čtyři soubory jsou 2 a 2, šest je 3 a 3. Má-li strany každá jinak, stojí mezi nimi „+“.\n"
-                     "Příklady:\n"
-                     "  korvexzdr-cli diff body.txt popis.txt prach.txt nove/body.txt nove/popis.txt nove/prach.txt\n"
-                     "  korvexzdr-cli diff body.txt popis.txt prach.txt + nove/body.txt nove/popis.txt\n"
-                     "  korvexzdr-cli diff --old body.txt popis.txt --new nove/body.txt nove/popis.txt",
-            "Four files are 2 and 2, six are 3 and 3. Between sides that are not alike stands \"+\".\n"
-            "Examples:\n"
-            "  korvexzdr-cli diff body.txt popis.txt prach.txt new/body.txt new/popis.txt new/prach.txt\n"
-            "  korvexzdr-cli diff body.txt popis.txt prach.txt + new/body.txt new/popis.txt\n"
-            "  korvexzdr-cli diff --old body.txt popis.txt --new new/body.txt new/popis.txt"));
+    command->footer(context.text(
+        "Čtyři soubory jsou 2 a 2, šest je 3 a 3. Má-li každá strana jiný počet souborů, stojí mezi nimi „+“.\n"
+        "Příklady:\n"
+        "  korvexzdr-cli diff body.txt popis.txt prach.txt nove/body.txt nove/popis.txt nove/prach.txt\n"
+        "  korvexzdr-cli diff body.txt popis.txt prach.txt + nove/body.txt nove/popis.txt\n"
+        "  korvexzdr-cli diff --old body.txt popis.txt --new nove/body.txt nove/popis.txt",
+        "Four files are 2 and 2, six are 3 and 3. Between sides that are not alike stands \"+\".\n"
+        "Examples:\n"
+        "  korvexzdr-cli diff body.txt popis.txt prach.txt new/body.txt new/popis.txt new/prach.txt\n"
+        "  korvexzdr-cli diff body.txt popis.txt prach.txt + new/body.txt new/popis.txt\n"
+        "  korvexzdr-cli diff --old body.txt popis.txt --new new/body.txt new/popis.txt"));
     command->callback([&context, arguments] { run(context, *arguments); });
 }
 

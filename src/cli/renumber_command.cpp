@@ -6,6 +6,7 @@
 #include "renumbering.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 
 #include <memory>
 #include <optional>
@@ -112,6 +113,17 @@ void run(CommandContext& context, const RenumberArguments& arguments)
         context.outcome = Outcome::Findings;
         if (context.json)
             writeJson(context, jsonOf(plan, 0, {}));
+        return;
+    }
+    // The files that are there need no copies, then.
+    const bool changesAny = std::any_of(plan.changes.begin(), plan.changes.end(),
+        [](const NumberChange& change) { return change.before != change.after; });
+    if (!changesAny && arguments.output.paths.empty()) {
+        if (context.json)
+            writeJson(context, jsonOf(plan, 0, {}));
+        else
+            context.out << context.text("Čísla zůstávají, jak jsou; nic se nezapsalo.\n",
+                "The numbers stay as they are; nothing was written.\n");
         return;
     }
     renumber(inventory->set, plan);

@@ -51,7 +51,8 @@ old=("${names[@]}")
 files "$work/new"
 new=("${names[@]}")
 # With the paths of these files in their headers, as a save of the window leaves them.
-run 0 renumber "${old[@]}" --from 1 --start 1 --force
+run 0 renumber "${old[@]}" --from 1 --start 999 --force
+run 0 renumber "${old[@]}" --from 999 --start 1 --force
 sha256sum "${old[@]}" >"$work/sums"
 
 # --- diff
@@ -156,6 +157,9 @@ run 2 renumber "${old[@]}" --start 1x -o "${new[@]}"
 run 2 renumber "${old[@]}" --start 1 --step 0 -o "${new[@]}"
 run 2 renumber "${old[@]}" --start 1
 says err "Uveďte --output, nebo --force"
+run 0 renumber "${old[@]}" --from 1 --start 1 --force
+says out "Čísla zůstávají, jak jsou; nic se nezapsalo."
+sha256sum --quiet -c "$work/sums" || fail "written though every number stayed"
 run 1 renumber "${old[@]}" --from 900- --start 1 -o "${new[@]}"
 says err "Žádný zdroj nemá uvedené číslo"
 expect_empty "$work/new"

@@ -103,7 +103,7 @@ complains 'Za --output stojí příliš mnoho souborů.' merge a b + c d -o x y 
 complains 'Volba --pressure: nepřípustná hodnota „3“; přípustné je 10000 až 200000.' check a b --pressure 3
 complains 'Volba --max: nepřípustná hodnota „x“; přípustné je nejméně 0.' check a b --max x
 complains 'Volba --max: nepřípustná hodnota „-1“; přípustné je nejméně 0.' import --csv x a b --max -1
-complains 'pravidlo zz není; všechna vypíše --explain all' check a b --skip zz
+complains 'Pravidlo „zz“ není; všechna vypíše --explain all.' check a b --skip zz
 complains 'Volba --on-conflict: nepřípustná hodnota „x“; přípustné jsou: fail, keep, replace, renumber.' \
     merge a b + c d --on-conflict x -o e f
 complains 'Argument VELIČINA: nepřípustná hodnota „q“; přípustné jsou: vs, d, w0, xy.' calc q a b
