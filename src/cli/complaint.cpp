@@ -60,7 +60,7 @@ public:
 
     [[nodiscard]] std::string text() const
     {
-        const std::string extra = ofExtras();
+        std::string extra = ofExtras();
         const bool isMissing = dynamic_cast<const CLI::RequiredError*>(&m_error) != nullptr;
         if (!extra.empty() && (isMissing || dynamic_cast<const CLI::ExtrasError*>(&m_error) != nullptr))
             return extra;
